@@ -1,0 +1,141 @@
+#include "app/text.h"
+
+#include <limits>
+
+namespace tw {
+
+std::u16string Utf8ToUtf16(std::string_view text) {
+  std::u16string out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) {
+    unsigned char lead = static_cast<unsigned char>(text[i]);
+    std::size_t extra = lead < 0x80 ? 0 : lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
+    char32_t code = extra == 0 ? lead : lead & (0x3F >> extra);
+    bool valid = lead < 0x80 || (extra > 0 && i + extra < text.size());
+    for (std::size_t k = 1; valid && k <= extra; ++k) {
+      unsigned char next = static_cast<unsigned char>(text[i + k]);
+      if ((next & 0xC0) != 0x80) valid = false;
+      else code = (code << 6) | (next & 0x3F);
+    }
+    if (!valid) {  // a stray byte stands for itself (its Latin-1 character)
+      out.push_back(lead);
+      ++i;
+      continue;
+    }
+    i += extra + 1;
+    if (code >= 0x10000) {
+      code -= 0x10000;
+      out.push_back(static_cast<char16_t>(0xD800 + (code >> 10)));
+      out.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
+    } else {
+      out.push_back(static_cast<char16_t>(code));
+    }
+  }
+  return out;
+}
+
+std::string Utf16ToUtf8(std::u16string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t code = text[i];
+    if (code >= 0xD800 && code <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
+        text[i + 1] <= 0xDFFF) {
+      code = 0x10000 + ((code - 0xD800) << 10) + (text[i + 1] - 0xDC00);
+      ++i;
+    }
+    if (code < 0x80) {
+      out.push_back(static_cast<char>(code));
+    } else if (code < 0x800) {
+      out.push_back(static_cast<char>(0xC0 | (code >> 6)));
+      out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+    } else if (code < 0x10000) {
+      out.push_back(static_cast<char>(0xE0 | (code >> 12)));
+      out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
+      out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+    } else {
+      out.push_back(static_cast<char>(0xF0 | (code >> 18)));
+      out.push_back(static_cast<char>(0x80 | ((code >> 12) & 0x3F)));
+      out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
+      out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+    }
+  }
+  return out;
+}
+
+namespace {
+
+bool IsSpace(char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
+
+int DigitValue(char16_t c) {
+  if (c >= u'0' && c <= u'9') return c - u'0';
+  if (c >= u'a' && c <= u'z') return c - u'a' + 10;
+  if (c >= u'A' && c <= u'Z') return c - u'A' + 10;
+  return 99;
+}
+
+// Shared scan of wcstol/wcstoul: sign, radix prefix, magnitude saturated at 2^32.
+struct Scan {
+  bool negative = false;
+  bool overflow = false;
+  std::uint64_t magnitude = 0;
+  std::size_t consumed = 0;
+};
+
+Scan ScanNumber(std::u16string_view text, int radix) {
+  Scan scan;
+  std::size_t i = 0;
+  while (i < text.size() && IsSpace(text[i])) ++i;
+  if (i < text.size() && (text[i] == u'+' || text[i] == u'-')) scan.negative = text[i++] == u'-';
+  if ((radix == 0 || radix == 16) && i + 1 < text.size() && text[i] == u'0' &&
+      (text[i + 1] == u'x' || text[i + 1] == u'X') && i + 2 < text.size() &&
+      DigitValue(text[i + 2]) < 16) {
+    i += 2;
+    radix = 16;
+  } else if (radix == 0) {
+    radix = i < text.size() && text[i] == u'0' ? 8 : 10;
+  }
+  if (radix < 2 || radix > 36) return scan;
+  std::size_t start = i;
+  for (; i < text.size() && DigitValue(text[i]) < radix; ++i) {
+    scan.magnitude = scan.magnitude * radix + DigitValue(text[i]);
+    if (scan.magnitude > 0xFFFFFFFFull) {
+      scan.overflow = true;
+      scan.magnitude = 0x100000000ull;
+    }
+  }
+  scan.consumed = i > start ? i : 0;
+  return scan;
+}
+
+}  // namespace
+
+std::int32_t ParseLong(std::u16string_view text, int radix, std::size_t* consumed) {
+  Scan scan = ScanNumber(text, radix);
+  if (consumed) *consumed = scan.consumed;
+  if (scan.negative) {
+    if (scan.magnitude > 0x80000000ull) return std::numeric_limits<std::int32_t>::min();
+    return static_cast<std::int32_t>(-static_cast<std::int64_t>(scan.magnitude));
+  }
+  if (scan.magnitude > 0x7FFFFFFFull) return std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(scan.magnitude);
+}
+
+std::uint32_t ParseUnsignedLong(std::u16string_view text, int radix, std::size_t* consumed) {
+  Scan scan = ScanNumber(text, radix);
+  if (consumed) *consumed = scan.consumed;
+  if (scan.overflow) return 0xFFFFFFFFu;
+  std::uint32_t value = static_cast<std::uint32_t>(scan.magnitude);
+  return scan.negative ? 0u - value : value;
+}
+
+char16_t AsciiLower(char16_t c) { return c >= u'A' && c <= u'Z' ? c + 32 : c; }
+
+bool EqualsIgnoreCase(std::u16string_view a, std::u16string_view b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i)
+    if (AsciiLower(a[i]) != AsciiLower(b[i])) return false;
+  return true;
+}
+
+}  // namespace tw

@@ -1,0 +1,24 @@
+// Conversions and C-library look-alikes for char16_t text.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tw {
+
+std::u16string Utf8ToUtf16(std::string_view text);
+std::string Utf16ToUtf8(std::u16string_view text);
+
+// wcstol with a 32-bit long, as on the device: leading white space, an
+// optional sign, digits of the radix; out-of-range values clamp. consumed
+// (if given) receives the characters used, 0 when no digit was found.
+std::int32_t ParseLong(std::u16string_view text, int radix, std::size_t* consumed = nullptr);
+// wcstoul likewise: a minus sign negates in 32 bits, overflow gives 0xFFFFFFFF.
+std::uint32_t ParseUnsignedLong(std::u16string_view text, int radix, std::size_t* consumed = nullptr);
+
+// Case-insensitive equality for ASCII letters only (value names and keys).
+bool EqualsIgnoreCase(std::u16string_view a, std::u16string_view b);
+char16_t AsciiLower(char16_t c);
+
+}  // namespace tw

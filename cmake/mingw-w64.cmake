@@ -1,0 +1,15 @@
+# Cross-compile for Windows with the POSIX-thread MinGW-w64 compilers and run
+# what we build (tests included) under Wine.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(TW_MINGW x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${TW_MINGW}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${TW_MINGW}-g++-posix)
+set(CMAKE_RC_COMPILER ${TW_MINGW}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${TW_MINGW})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+find_program(TW_WINE NAMES wine64 wine PATHS /usr/lib/wine REQUIRED)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${TW_WINE})

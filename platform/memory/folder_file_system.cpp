@@ -1,0 +1,108 @@
+#include "platform/memory/folder_file_system.h"
+
+#include <cstdio>
+
+#include "app/text.h"
+
+namespace tw {
+namespace {
+
+class HostFile : public File {
+ public:
+  explicit HostFile(std::FILE* file) : file_(file) {}
+  ~HostFile() override { std::fclose(file_); }
+  std::size_t Read(void* buffer, std::size_t size) override { return std::fread(buffer, 1, size, file_); }
+  bool Write(const void* data, std::size_t size) override {
+    return std::fwrite(data, 1, size, file_) == size;
+  }
+  bool Rewind() override { return std::fseek(file_, 0, SEEK_SET) == 0; }
+
+ private:
+  std::FILE* file_;
+};
+
+bool MatchesPattern(std::u16string_view name, std::u16string_view pattern) {
+  if (pattern == u"*" || pattern == u"*.*") return true;
+  if (pattern.size() > 1 && pattern[0] == u'*') {
+    std::u16string_view tail = pattern.substr(1);
+    return name.size() >= tail.size() && EqualsIgnoreCase(name.substr(name.size() - tail.size()), tail);
+  }
+  return EqualsIgnoreCase(name, pattern);
+}
+
+std::FILE* OpenHost(const std::filesystem::path& path, bool write) {
+#ifdef _WIN32
+  return _wfopen(path.c_str(), write ? L"wb" : L"rb");
+#else
+  return std::fopen(path.c_str(), write ? "wb" : "rb");
+#endif
+}
+
+}  // namespace
+
+FolderFileSystem::FolderFileSystem(std::filesystem::path root) : root_(std::move(root)) {}
+
+std::filesystem::path FolderFileSystem::HostPath(std::u16string_view devicePath) const {
+  std::filesystem::path path = root_;
+  std::size_t start = 0;
+  while (start <= devicePath.size()) {
+    std::size_t end = devicePath.find(u'\\', start);
+    if (end == std::u16string_view::npos) end = devicePath.size();
+    std::u16string_view part = devicePath.substr(start, end - start);
+    if (!part.empty() && part != u"." && part != u"..") path /= Utf16ToUtf8(part);
+    start = end + 1;
+  }
+  return path;
+}
+
+std::unique_ptr<File> FolderFileSystem::OpenRead(std::u16string_view path) {
+  std::filesystem::path host = HostPath(path);
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(host, error)) return nullptr;
+  std::FILE* file = OpenHost(host, false);
+  return file ? std::make_unique<HostFile>(file) : nullptr;
+}
+
+std::unique_ptr<File> FolderFileSystem::Create(std::u16string_view path, bool failIfExists) {
+  std::filesystem::path host = HostPath(path);
+  std::error_code error;
+  if (failIfExists && std::filesystem::exists(host, error)) return nullptr;
+  std::FILE* file = OpenHost(host, true);
+  return file ? std::make_unique<HostFile>(file) : nullptr;
+}
+
+bool FolderFileSystem::Delete(std::u16string_view path) {
+  std::error_code error;
+  std::filesystem::path host = HostPath(path);
+  return std::filesystem::is_regular_file(host, error) && std::filesystem::remove(host, error);
+}
+
+bool FolderFileSystem::MakeDirectory(std::u16string_view path) {
+  std::error_code error;
+  return std::filesystem::create_directory(HostPath(path), error);
+}
+
+bool FolderFileSystem::Copy(std::u16string_view from, std::u16string_view to, bool failIfExists) {
+  std::error_code error;
+  auto options = failIfExists ? std::filesystem::copy_options::none
+                              : std::filesystem::copy_options::overwrite_existing;
+  return std::filesystem::copy_file(HostPath(from), HostPath(to), options, error);
+}
+
+bool FolderFileSystem::Exists(std::u16string_view path) {
+  std::error_code error;
+  return std::filesystem::exists(HostPath(path), error);
+}
+
+std::vector<DirectoryEntry> FolderFileSystem::List(std::u16string_view folder,
+                                                   std::u16string_view pattern) {
+  std::vector<DirectoryEntry> entries;
+  std::error_code error;
+  for (const auto& item : std::filesystem::directory_iterator(HostPath(folder), error)) {
+    std::u16string name = Utf8ToUtf16(item.path().filename().string());
+    if (MatchesPattern(name, pattern)) entries.push_back({name, item.is_directory(error)});
+  }
+  return entries;
+}
+
+}  // namespace tw

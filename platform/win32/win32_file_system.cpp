@@ -1,0 +1,77 @@
+#include "platform/win32/win32_file_system.h"
+
+#include <windows.h>
+
+#include "platform/win32/wide.h"
+
+namespace tw {
+namespace {
+
+class HandleFile : public File {
+ public:
+  explicit HandleFile(HANDLE handle) : handle_(handle) {}
+  ~HandleFile() override { CloseHandle(handle_); }
+  std::size_t Read(void* buffer, std::size_t size) override {
+    DWORD got = 0;
+    return ReadFile(handle_, buffer, static_cast<DWORD>(size), &got, nullptr) ? got : 0;
+  }
+  bool Write(const void* data, std::size_t size) override {
+    DWORD written = 0;
+    return WriteFile(handle_, data, static_cast<DWORD>(size), &written, nullptr) && written == size;
+  }
+  bool Rewind() override { return SetFilePointer(handle_, 0, nullptr, FILE_BEGIN) != INVALID_SET_FILE_POINTER; }
+
+ private:
+  HANDLE handle_;
+};
+
+std::unique_ptr<File> Wrap(HANDLE handle) {
+  return handle == INVALID_HANDLE_VALUE ? nullptr : std::make_unique<HandleFile>(handle);
+}
+
+}  // namespace
+
+std::unique_ptr<File> Win32FileSystem::OpenRead(std::u16string_view path) {
+  std::wstring name = ToWide(path);
+  return Wrap(CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+std::unique_ptr<File> Win32FileSystem::Create(std::u16string_view path, bool failIfExists) {
+  std::wstring name = ToWide(path);
+  return Wrap(CreateFileW(name.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                          failIfExists ? CREATE_NEW : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+bool Win32FileSystem::Delete(std::u16string_view path) {
+  return DeleteFileW(ToWide(path).c_str()) != 0;
+}
+
+bool Win32FileSystem::MakeDirectory(std::u16string_view path) {
+  return CreateDirectoryW(ToWide(path).c_str(), nullptr) != 0;
+}
+
+bool Win32FileSystem::Copy(std::u16string_view from, std::u16string_view to, bool failIfExists) {
+  return CopyFileW(ToWide(from).c_str(), ToWide(to).c_str(), failIfExists) != 0;
+}
+
+bool Win32FileSystem::Exists(std::u16string_view path) {
+  return GetFileAttributesW(ToWide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::vector<DirectoryEntry> Win32FileSystem::List(std::u16string_view folder, std::u16string_view pattern) {
+  std::vector<DirectoryEntry> entries;
+  std::wstring search = ToWide(folder) + L"\\" + ToWide(pattern);
+  WIN32_FIND_DATAW found;
+  HANDLE find = FindFirstFileW(search.c_str(), &found);
+  if (find == INVALID_HANDLE_VALUE) return entries;
+  do {
+    std::wstring_view name = found.cFileName;
+    if (name == L"." || name == L"..") continue;
+    entries.push_back({ToU16(name), (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+  } while (FindNextFileW(find, &found));
+  FindClose(find);
+  return entries;
+}
+
+}  // namespace tw

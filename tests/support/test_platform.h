@@ -1,0 +1,55 @@
+// What a core test runs against: natively an in-memory registry, a fixed
+// locale and a temporary folder; under Wine the real registry, locale and
+// file system of the prefix. Each test starts from an empty product tree.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/file_system.h"
+#include "platform/locale.h"
+#include "platform/registry.h"
+
+namespace tw::test {
+
+class PlatformTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  Registry& registry();
+  Locale& locale();
+  FileSystem& files();
+  // A device folder that exists and is empty at the start of each test.
+  std::u16string Folder() const { return u"\\twtest"; }
+
+  void Use24HourClock(bool on);
+  void SetFirstDayOfWeek(int day);  // 0 = Monday .. 6 = Sunday
+};
+
+// Registry reads and writes for checks, with the type reported.
+struct StoredValue {
+  bool present = false;
+  std::uint32_t type = 0;
+  std::uint32_t dword = 0;
+  std::u16string text;
+  std::uint32_t size = 0;
+};
+StoredValue ReadValue(Registry& registry, RegKey root, std::u16string_view path,
+                      std::u16string_view name);
+void WriteDword(Registry& registry, RegKey root, std::u16string_view path,
+                std::u16string_view name, std::uint32_t value);
+void WriteText(Registry& registry, RegKey root, std::u16string_view path,
+               std::u16string_view name, std::u16string_view text);
+void WriteRaw(Registry& registry, RegKey root, std::u16string_view path, std::u16string_view name,
+              std::uint32_t type, const void* data, std::uint32_t size);
+// Names of the values of a key, in enumeration order; empty if the key is missing.
+std::vector<std::u16string> ValueNames(Registry& registry, RegKey root, std::u16string_view path);
+std::vector<std::u16string> SubkeyNames(Registry& registry, RegKey root, std::u16string_view path);
+bool KeyExists(Registry& registry, RegKey root, std::u16string_view path);
+
+// Printable form of UTF-16 text for failure messages.
+std::string Show(std::u16string_view text);
+
+}  // namespace tw::test

@@ -1,0 +1,48 @@
+#include <filesystem>
+#include <memory>
+#include <unistd.h>
+
+#include "platform/memory/folder_file_system.h"
+#include "platform/memory/memory_locale.h"
+#include "platform/memory/memory_registry.h"
+#include "tests/support/test_platform.h"
+
+namespace tw::test {
+namespace {
+
+struct NativePlatform {
+  MemoryRegistry registry;
+  MemoryLocale locale;
+  std::filesystem::path root;
+  std::unique_ptr<FolderFileSystem> files;
+};
+
+std::unique_ptr<NativePlatform> gPlatform;
+
+}  // namespace
+
+void PlatformTest::SetUp() {
+  gPlatform = std::make_unique<NativePlatform>();
+  gPlatform->root = std::filesystem::temp_directory_path() /
+                    ("tw-test-" + std::to_string(::getpid()));
+  std::filesystem::remove_all(gPlatform->root);
+  std::filesystem::create_directories(gPlatform->root / "twtest");
+  gPlatform->files = std::make_unique<FolderFileSystem>(gPlatform->root);
+}
+
+void PlatformTest::TearDown() {
+  std::filesystem::remove_all(gPlatform->root);
+  gPlatform.reset();
+}
+
+Registry& PlatformTest::registry() { return gPlatform->registry; }
+Locale& PlatformTest::locale() { return gPlatform->locale; }
+FileSystem& PlatformTest::files() { return *gPlatform->files; }
+
+void PlatformTest::Use24HourClock(bool on) { gPlatform->locale.timeFormatIndicator = on ? u"1" : u"0"; }
+
+void PlatformTest::SetFirstDayOfWeek(int day) {
+  gPlatform->locale.firstDayOfWeek = std::u16string(1, static_cast<char16_t>(u'0' + day));
+}
+
+}  // namespace tw::test

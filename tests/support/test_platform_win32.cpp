@@ -1,0 +1,64 @@
+#include <windows.h>
+
+#include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_locale.h"
+#include "platform/win32/win32_registry.h"
+#include "tests/support/test_platform.h"
+
+namespace tw::test {
+namespace {
+
+Win32Registry gRegistry;
+Win32Locale gLocale;
+Win32FileSystem gFiles;
+
+// Keys the product and its settings read; each test starts without them.
+constexpr std::u16string_view kCleanCurrentUser[] = {u"Software\\Orvex", u"Software\\WebIS",
+                                                     u"Software\\TwTest"};
+constexpr std::u16string_view kCleanLocalMachine[] = {u"Software\\Microsoft\\today\\items\\Tidewell",
+                                                      u"SOFTWARE\\Developer One, Inc."};
+
+void RemoveFolder(const std::wstring& folder) {
+  WIN32_FIND_DATAW found;
+  HANDLE find = FindFirstFileW((folder + L"\\*").c_str(), &found);
+  if (find != INVALID_HANDLE_VALUE) {
+    do {
+      std::wstring name = found.cFileName;
+      if (name == L"." || name == L"..") continue;
+      std::wstring path = folder + L"\\" + name;
+      if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) RemoveFolder(path);
+      else DeleteFileW(path.c_str());
+    } while (FindNextFileW(find, &found));
+    FindClose(find);
+  }
+  RemoveDirectoryW(folder.c_str());
+}
+
+}  // namespace
+
+void PlatformTest::SetUp() {
+  for (auto path : kCleanCurrentUser) gRegistry.DeleteTree(kCurrentUser, path);
+  for (auto path : kCleanLocalMachine) gRegistry.DeleteTree(kLocalMachine, path);
+  RemoveFolder(L"\\twtest");
+  CreateDirectoryW(L"\\twtest", nullptr);
+  Use24HourClock(false);
+  SetFirstDayOfWeek(6);
+}
+
+void PlatformTest::TearDown() { RemoveFolder(L"\\twtest"); }
+
+Registry& PlatformTest::registry() { return gRegistry; }
+Locale& PlatformTest::locale() { return gLocale; }
+FileSystem& PlatformTest::files() { return gFiles; }
+
+void PlatformTest::Use24HourClock(bool on) {
+  // The clock indicator follows the time picture.
+  SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_STIMEFORMAT, on ? L"HH:mm:ss" : L"h:mm:ss tt");
+}
+
+void PlatformTest::SetFirstDayOfWeek(int day) {
+  wchar_t text[2] = {static_cast<wchar_t>(L'0' + day), 0};
+  SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IFIRSTDAYOFWEEK, text);
+}
+
+}  // namespace tw::test
