@@ -26,6 +26,14 @@ ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
 step "Windows build (MinGW-w64) and tests under Wine"
 cmake --preset mingw >/dev/null
 cmake --build build/mingw -j"$jobs"
+if [ -z "${DISPLAY:-}" ]; then
+  # Windows and GDI under Wine need an X display; a virtual one serves.
+  Xvfb :77 -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
+  xvfb_pid=$!
+  export DISPLAY=:77
+  trap 'kill $xvfb_pid 2>/dev/null || true' EXIT
+  sleep 1
+fi
 source tools/wine-prefix.sh "$PWD/build/wineprefix"
 ctest --test-dir build/mingw --output-on-failure -V || failed=1
 
