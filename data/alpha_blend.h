@@ -11,9 +11,10 @@ namespace tw {
 
 // source x alpha + destination x (255 - alpha), divided by 255 and rounded:
 // t = s a + d (255 - a) + 128, then (t + (t >> 8)) >> 8. Opacity 0 keeps the
-// destination and 255 gives the source exactly. Every step fits 16 bits.
-inline std::uint8_t BlendChannel(unsigned source, unsigned destination, unsigned alpha) {
-  unsigned t = source * alpha + destination * (255 - alpha) + 128;
+// destination and 255 gives the source exactly. t is at most 255 x 255 + 128,
+// so every step fits 16 bits, which lets compilers use 16-bit vector lanes.
+inline std::uint8_t BlendChannel(std::uint8_t source, std::uint8_t destination, std::uint8_t alpha) {
+  auto t = static_cast<std::uint16_t>(source * alpha + destination * (255 - alpha) + 128);
   return static_cast<std::uint8_t>((t + (t >> 8)) >> 8);
 }
 
