@@ -19,9 +19,10 @@ struct Bgra {
 std::vector<std::uint8_t> Targa(std::uint8_t type, int width, int height, std::uint8_t depth,
                                 std::uint8_t descriptor, std::initializer_list<std::uint8_t> body,
                                 std::uint8_t idLength = 0) {
-  std::vector<std::uint8_t> bytes = {idLength, 0, type, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-                                     std::uint8_t(width), std::uint8_t(width >> 8),
-                                     std::uint8_t(height), std::uint8_t(height >> 8), depth, descriptor};
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(18 + idLength + body.size());  // no regrowth: GCC 12 misreads it as out of bounds
+  bytes.assign({idLength, 0, type, 0, 0, 0, 0, 0, 0, 0, 0, 0, std::uint8_t(width), std::uint8_t(width >> 8),
+                std::uint8_t(height), std::uint8_t(height >> 8), depth, descriptor});
   bytes.insert(bytes.end(), idLength, 0xEE);
   bytes.insert(bytes.end(), body);
   return bytes;
