@@ -7,6 +7,8 @@
 
 #include <string>
 
+#include "platform/bitmaps.h"
+#include "platform/database.h"
 #include "platform/file_system.h"
 #include "platform/locale.h"
 #include "platform/registry.h"
@@ -21,6 +23,10 @@ class PlatformTest : public ::testing::Test {
   Registry& registry();
   Locale& locale();
   FileSystem& files();
+  // Natively in memory; under Wine the text file named like the database.
+  ObjectStore& database();
+  void WriteDatabase(std::u16string_view name, const std::vector<DatabaseRecord>& records);
+  Bitmaps& bitmaps();
   // A device folder that exists and is empty at the start of each test.
   std::u16string Folder() const { return u"\\twtest"; }
 

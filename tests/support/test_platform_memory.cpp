@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include "platform/memory/folder_file_system.h"
+#include "platform/memory/memory_bitmaps.h"
+#include "platform/memory/memory_database.h"
 #include "platform/memory/memory_locale.h"
 #include "platform/memory/memory_registry.h"
 #include "tests/support/test_platform.h"
@@ -15,6 +17,8 @@ struct NativePlatform {
   MemoryLocale locale;
   std::filesystem::path root;
   std::unique_ptr<FolderFileSystem> files;
+  MemoryObjectStore database;
+  std::unique_ptr<MemoryBitmaps> bitmaps;
 };
 
 std::unique_ptr<NativePlatform> gPlatform;
@@ -28,6 +32,7 @@ void PlatformTest::SetUp() {
   std::filesystem::remove_all(gPlatform->root);
   std::filesystem::create_directories(gPlatform->root / "twtest");
   gPlatform->files = std::make_unique<FolderFileSystem>(gPlatform->root);
+  gPlatform->bitmaps = std::make_unique<MemoryBitmaps>(*gPlatform->files);
 }
 
 void PlatformTest::TearDown() {
@@ -38,6 +43,12 @@ void PlatformTest::TearDown() {
 Registry& PlatformTest::registry() { return gPlatform->registry; }
 Locale& PlatformTest::locale() { return gPlatform->locale; }
 FileSystem& PlatformTest::files() { return *gPlatform->files; }
+ObjectStore& PlatformTest::database() { return gPlatform->database; }
+Bitmaps& PlatformTest::bitmaps() { return *gPlatform->bitmaps; }
+
+void PlatformTest::WriteDatabase(std::u16string_view name, const std::vector<DatabaseRecord>& records) {
+  gPlatform->database.databases[std::u16string(name)] = records;
+}
 
 void PlatformTest::Use24HourClock(bool on) { gPlatform->locale.timeFormatIndicator = on ? u"1" : u"0"; }
 

@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include "platform/win32/win32_bitmaps.h"
+#include "platform/win32/win32_database.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_locale.h"
 #include "platform/win32/win32_registry.h"
@@ -11,6 +13,8 @@ namespace {
 Win32Registry gRegistry;
 Win32Locale gLocale;
 Win32FileSystem gFiles;
+Win32ObjectStore gDatabase;
+Win32Bitmaps gBitmaps;
 
 // Keys the product and its settings read; each test starts without them.
 constexpr std::u16string_view kCleanCurrentUser[] = {u"Software\\Orvex", u"Software\\WebIS",
@@ -45,11 +49,21 @@ void PlatformTest::SetUp() {
   SetFirstDayOfWeek(6);
 }
 
-void PlatformTest::TearDown() { RemoveFolder(L"\\twtest"); }
+void PlatformTest::TearDown() {
+  RemoveFolder(L"\\twtest");
+  DeleteFileW(L"\\Categories Database");
+}
 
 Registry& PlatformTest::registry() { return gRegistry; }
 Locale& PlatformTest::locale() { return gLocale; }
 FileSystem& PlatformTest::files() { return gFiles; }
+ObjectStore& PlatformTest::database() { return gDatabase; }
+Bitmaps& PlatformTest::bitmaps() { return gBitmaps; }
+
+void PlatformTest::WriteDatabase(std::u16string_view name, const std::vector<DatabaseRecord>& records) {
+  std::string text = FormatDatabaseText(records);
+  ASSERT_TRUE(gFiles.WriteAll(name, text.data(), text.size()));
+}
 
 void PlatformTest::Use24HourClock(bool on) {
   // The clock indicator follows the time picture.

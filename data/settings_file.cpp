@@ -1,0 +1,219 @@
+#include "data/settings_file.h"
+
+#include <cstring>
+
+#include "app/text.h"
+#include "data/line_reader.h"
+#include "data/value_lines.h"
+#include "settings/registry_values.h"
+
+namespace tw {
+namespace {
+
+constexpr std::u16string_view kHeaderFormat = u"\n[%s]\n";
+constexpr std::u16string_view kCategoriesSection = u"::Categories::";
+constexpr std::u16string_view kFiltersSection = u"::Filters::";
+constexpr std::u16string_view kCategory = u"Category", kFiltersFlag = u"FiltersFlag", kColor = u"Color";
+constexpr std::u16string_view kFilterName = u"FilterName", kIndex = u"Index",
+                              kVisibleState = u"VisibleState",
+                              kIncludeUncategorized = u"IncludeUncategorized";
+// Imported strings are written unless their data is this very text.
+constexpr std::u16string_view kNotTheSame = u"not_the_same";
+
+constexpr MessagePair kExported{40208, 40209}, kCannotOpen{40210, 40211}, kImportFailed{40212, 40213},
+    kImported{40214, 40215};
+
+// The export's fixed enumeration buffers: a value whose data passes 256 bytes
+// ends its key's values.
+constexpr std::uint32_t kNameChars = 256, kDataBytes = 256;
+
+void WriteLine(SettingsTextOutput& out, std::u16string_view format, std::initializer_list<FormatArg> args) {
+  out.Write(FormatText(format, args, WideString::kMaxLength));
+  out.Write(u"\n");
+}
+
+std::u16string_view StringData(const std::uint8_t* data, std::uint32_t size) {
+  std::u16string_view text(reinterpret_cast<const char16_t*>(data), size / 2);
+  return text.substr(0, text.find(u'\0'));
+}
+
+void ExportValues(Registry& registry, RegKey key, SettingsTextOutput& out) {
+  for (std::uint32_t index = 0;; ++index) {
+    char16_t name[kNameChars];
+    alignas(char16_t) std::uint8_t data[kDataBytes] = {};
+    std::uint32_t nameChars = kNameChars, type = 0, size = kDataBytes;
+    if (registry.EnumValue(key, index, name, nameChars, type, data, size) != kRegSuccess) return;
+    std::u16string_view valueName(name, nameChars);
+    if (type == kRegSz) {
+      WriteLine(out, kStringLineFormat, {valueName, StringData(data, size)});
+    } else if (type == kRegDword) {
+      std::int32_t number = 0;
+      std::memcpy(&number, data, sizeof number);
+      WriteLine(out, kDwordLineFormat, {valueName, number});
+    }
+  }
+}
+
+// The lines of one import, with the one number that a line which does not
+// parse leaves as it was.
+struct ImportReader {
+  explicit ImportReader(SettingsTextInput& input) : in(input) {}
+
+  SettingsTextInput& in;
+  std::u16string line;
+  WideString name, data;
+  std::int32_t number = 0;
+
+  bool Next() { return in.ReadLine(line); }
+  std::int32_t NextNumber() {
+    Next();
+    ParseDwordLine(line, name, number, 10);
+    return number;
+  }
+  void ParseString() { ParseStringLine(line, name, data); }
+};
+
+void ImportRegistryLine(ImportReader& reader, Registry& registry, RegKey key) {
+  if (reader.line.find(u"\"=\"") != std::u16string::npos) {
+    reader.ParseString();
+    WriteString(registry, key, reader.name.View(), reader.data.View(), kNotTheSame);
+  } else if (reader.line.find(u"\"=dword:") != std::u16string::npos &&
+             ParseDwordLine(reader.line, reader.name, reader.number, 10)) {
+    // A default one above the value makes the write unconditional.
+    std::int32_t differentDefault = static_cast<std::int32_t>(static_cast<std::uint32_t>(reader.number) + 1);
+    WriteDword(registry, key, reader.name.View(), reader.number, differentDefault);
+  }
+}
+
+// A category takes three lines after its name, or four when the third is not
+// its colour.
+void ImportCategory(ImportReader& reader, CategoryList& categories) {
+  reader.ParseString();
+  WideString category = reader.data;
+  std::uint32_t mask = static_cast<std::uint32_t>(reader.NextNumber());
+  std::uint32_t color = static_cast<std::uint32_t>(reader.NextNumber());
+  if (!EqualsIgnoreCase(reader.name.View(), kColor)) color = static_cast<std::uint32_t>(reader.NextNumber());
+  if (CategoryEntry* entry = categories.FindName(category.View())) {
+    entry->filterMask = mask;
+    entry->color = color;
+  }
+}
+
+void ImportFilter(ImportReader& reader, FilterList& filters) {
+  reader.ParseString();
+  WideString title = reader.data;
+  std::int32_t index = reader.NextNumber();
+  bool visible = reader.NextNumber() != 0;
+  bool includeUncategorized = reader.NextNumber() != 0;
+  if (FilterEntry* filter = filters.FindIndex(index)) {
+    filter->title = title;
+    filter->visible = visible;
+    filter->includeUncategorized = includeUncategorized;
+  }
+}
+
+enum class Section { None, Registry, Categories, Filters };
+
+// The header after an empty line: accepted if it opens with '[' or else
+// closes with ']'; its name drops the first character and the last two.
+bool ReadHeader(ImportReader& reader, std::u16string& sectionName) {
+  if (!reader.Next() || reader.line.empty()) return false;
+  if (reader.line.front() != u'[' && reader.line.back() != u']') return false;
+  sectionName = reader.line.size() < 3 ? std::u16string() : reader.line.substr(1, reader.line.size() - 3);
+  return true;
+}
+
+}  // namespace
+
+void ExportRegistryTree(Registry& registry, std::u16string_view path, SettingsTextOutput& out) {
+  ScopedKey key(registry, kCurrentUser, path, true);
+  out.Write(FormatText(kHeaderFormat, {path}, WideString::kMaxLength));
+  if (!key) return;
+  ExportValues(registry, key.get(), out);
+  for (std::uint32_t index = 0;; ++index) {
+    char16_t name[kNameChars];
+    std::uint32_t nameChars = kNameChars;
+    if (registry.EnumKey(key.get(), index, name, nameChars) != kRegSuccess) break;
+    ExportRegistryTree(registry, FormatText(u"%s\\%s", {path, std::u16string_view(name, nameChars)},
+                                            WideString::kMaxLength),
+                       out);
+  }
+}
+
+void WriteCategoriesSection(const CategoryList& categories, SettingsTextOutput& out) {
+  out.Write(FormatText(kHeaderFormat, {kCategoriesSection}));
+  for (const CategoryEntry& entry : categories.entries) {
+    WriteLine(out, kStringLineFormat, {kCategory, entry.name.View()});
+    WriteLine(out, kDwordLineFormat, {kFiltersFlag, entry.filterMask});
+    WriteLine(out, kDwordLineFormat, {kColor, entry.color});
+  }
+}
+
+void WriteFiltersSection(const FilterList& filters, SettingsTextOutput& out) {
+  out.Write(FormatText(kHeaderFormat, {kFiltersSection}));
+  for (const FilterEntry& filter : filters.entries) {
+    WriteLine(out, kStringLineFormat, {kFilterName, filter.title.View()});
+    WriteLine(out, kDwordLineFormat, {kIndex, filter.index});
+    WriteLine(out, kDwordLineFormat, {kVisibleState, filter.visible ? 1 : 0});
+    WriteLine(out, kDwordLineFormat, {kIncludeUncategorized, filter.includeUncategorized ? 1 : 0});
+  }
+}
+
+void ExportAll(Registry& registry, std::u16string_view path, const CategoryData& data,
+               SettingsTextOutput& out) {
+  ExportRegistryTree(registry, path, out);
+  WriteCategoriesSection(data.categories, out);
+  WriteFiltersSection(data.filters, out);
+}
+
+int ImportSettings(SettingsTextInput& in, Registry& registry, CategoryData& data) {
+  if (!in.Rewind()) return 0;
+  ImportReader reader(in);
+  if (!reader.Next()) return 1;
+  Section section = Section::None;
+  ScopedKey key(registry);
+  do {
+    if (reader.line == u"\n") {
+      key.Reset();
+      std::u16string sectionName;
+      if (!ReadHeader(reader, sectionName)) return 0;
+      if (sectionName == kCategoriesSection) {
+        section = Section::Categories;
+      } else if (sectionName == kFiltersSection) {
+        section = Section::Filters;
+      } else {
+        section = Section::Registry;
+        if (key.Open(kCurrentUser, sectionName, true) != kRegSuccess) return 0;
+      }
+    } else if (section == Section::Registry) {
+      ImportRegistryLine(reader, registry, key.get());
+    } else if (section == Section::Categories) {
+      ImportCategory(reader, data.categories);
+    } else if (section == Section::Filters) {
+      ImportFilter(reader, data.filters);
+    }
+  } while (reader.Next());
+  return 1;
+}
+
+MessagePair ExportSettingsFile(Registry& registry, FileSystem& files, const CategoryData& data,
+                               std::u16string_view documentsFolder) {
+  SettingsTextOutput out;
+  ExportAll(registry, kProductKey, data, out);
+  files.WriteAll(FormatText(u"%s\\%s", {documentsFolder, kSettingsFileName}, WideString::kMaxLength),
+                 out.Bytes().data(), out.Bytes().size());
+  return kExported;
+}
+
+ImportOutcome ImportSettingsFile(Registry& registry, FileSystem& files, CategoryData& data,
+                                 std::u16string_view documentsFolder) {
+  std::vector<std::uint8_t> bytes;
+  if (!files.ReadAll(FormatText(u"%s\\%s", {documentsFolder, kSettingsFileName}, WideString::kMaxLength),
+                     bytes))
+    return {false, kCannotOpen};
+  SettingsTextInput in = SettingsTextInput::FromBytes(bytes);
+  if (!ImportSettings(in, registry, data)) return {false, kImportFailed};
+  return {true, kImported};
+}
+
+}  // namespace tw

@@ -1,0 +1,154 @@
+#include "data/settings_text.h"
+
+namespace tw {
+namespace {
+
+// Windows-1252 for 0x80..0x9F; the five unassigned bytes stand for themselves.
+constexpr char16_t kWindows1252High[32] = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+char16_t FromWindows1252(std::uint8_t byte) {
+  return byte >= 0x80 && byte < 0xA0 ? kWindows1252High[byte - 0x80] : byte;
+}
+
+void AppendCodePoint(std::u16string& out, char32_t code) {
+  if (code >= 0x10000) {
+    code -= 0x10000;
+    out.push_back(static_cast<char16_t>(0xD800 + (code >> 10)));
+    out.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
+  } else {
+    out.push_back(static_cast<char16_t>(code));
+  }
+}
+
+// Length of the well-formed UTF-8 sequence at bytes[i] (0 if there is none)
+// and its code point.
+std::size_t Utf8Sequence(std::span<const std::uint8_t> bytes, std::size_t i, char32_t& code) {
+  std::uint8_t lead = bytes[i];
+  std::size_t length = lead < 0x80 ? 1 : lead >= 0xC2 && lead <= 0xDF ? 2
+                       : lead >= 0xE0 && lead <= 0xEF ? 3 : lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+  if (length == 0 || i + length > bytes.size()) return 0;
+  code = length == 1 ? lead : lead & (0x7F >> length);
+  for (std::size_t k = 1; k < length; ++k) {
+    if ((bytes[i + k] & 0xC0) != 0x80) return 0;
+    code = code << 6 | (bytes[i + k] & 0x3F);
+  }
+  static constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+  bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+  return code < kSmallest[length] || code > 0x10FFFF || surrogate ? 0 : length;
+}
+
+std::u16string DecodeUtf8(std::span<const std::uint8_t> bytes) {
+  std::u16string out;
+  out.reserve(bytes.size());
+  for (std::size_t i = 0; i < bytes.size();) {
+    char32_t code = 0;
+    std::size_t length = Utf8Sequence(bytes, i, code);
+    if (length == 0) {
+      out.push_back(FromWindows1252(bytes[i]));
+      ++i;
+    } else {
+      AppendCodePoint(out, code);
+      i += length;
+    }
+  }
+  return out;
+}
+
+std::u16string DecodeUtf16(std::span<const std::uint8_t> bytes, bool bigEndian) {
+  std::u16string out;
+  out.reserve(bytes.size() / 2);
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    std::uint8_t high = bytes[i + (bigEndian ? 0 : 1)], low = bytes[i + (bigEndian ? 1 : 0)];
+    out.push_back(static_cast<char16_t>(high << 8 | low));
+  }
+  return out;
+}
+
+enum class Encoding { Utf8, Utf16Le, Utf16Be };
+
+// Without a mark, UTF-16 shows itself by zero bytes: in the high halves of
+// ASCII characters, at odd offsets for little-endian, even for big-endian.
+Encoding Detect(std::span<const std::uint8_t> bytes, std::size_t& markLength) {
+  markLength = 0;
+  if (bytes.size() >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF) {
+    markLength = 3;
+    return Encoding::Utf8;
+  }
+  if (bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE) {
+    markLength = 2;
+    return Encoding::Utf16Le;
+  }
+  if (bytes.size() >= 2 && bytes[0] == 0xFE && bytes[1] == 0xFF) {
+    markLength = 2;
+    return Encoding::Utf16Be;
+  }
+  std::size_t evenZeros = 0, oddZeros = 0;
+  for (std::size_t i = 0; i < bytes.size(); ++i)
+    if (bytes[i] == 0) ++(i % 2 == 0 ? evenZeros : oddZeros);
+  if (evenZeros == 0 && oddZeros == 0) return Encoding::Utf8;
+  return oddZeros >= evenZeros ? Encoding::Utf16Le : Encoding::Utf16Be;
+}
+
+std::u16string JoinLineEnds(std::u16string text) {
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
+    text[kept++] = text[i];
+  }
+  text.resize(kept);
+  return text;
+}
+
+}  // namespace
+
+void SettingsTextOutput::Write(std::u16string_view text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t code = text[i];
+    if (code >= 0xD800 && code <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
+        text[i + 1] <= 0xDFFF) {
+      code = 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00);
+    }
+    if (code == u'\n') {
+      bytes_ += "\r\n";
+    } else if (code < 0x80) {
+      bytes_.push_back(static_cast<char>(code));
+    } else if (code < 0x800) {
+      bytes_.push_back(static_cast<char>(0xC0 | code >> 6));
+      bytes_.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+    } else if (code < 0x10000) {
+      bytes_.push_back(static_cast<char>(0xE0 | code >> 12));
+      bytes_.push_back(static_cast<char>(0x80 | (code >> 6 & 0x3F)));
+      bytes_.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+    } else {
+      bytes_.push_back(static_cast<char>(0xF0 | code >> 18));
+      bytes_.push_back(static_cast<char>(0x80 | (code >> 12 & 0x3F)));
+      bytes_.push_back(static_cast<char>(0x80 | (code >> 6 & 0x3F)));
+      bytes_.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+    }
+  }
+}
+
+std::u16string DecodeSettingsText(std::span<const std::uint8_t> bytes) {
+  std::size_t markLength = 0;
+  Encoding encoding = Detect(bytes, markLength);
+  bytes = bytes.subspan(markLength);
+  return JoinLineEnds(encoding == Encoding::Utf8 ? DecodeUtf8(bytes)
+                                                 : DecodeUtf16(bytes, encoding == Encoding::Utf16Be));
+}
+
+bool SettingsTextInput::ReadLine(std::u16string& line) {
+  line.clear();
+  if (next_ >= text_.size()) return false;
+  std::size_t limit = std::min(text_.size(), next_ + kLineBuffer - 1);
+  std::size_t end = next_;
+  while (end < limit && text_[end] != u'\n') ++end;
+  if (end < limit) ++end;  // the line feed belongs to the line
+  line.assign(text_, next_, end - next_);
+  next_ = end;
+  return true;
+}
+
+}  // namespace tw
