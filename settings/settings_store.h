@@ -20,7 +20,7 @@ struct SettingItem {
 
 // A tab of the Today item hosted from another plug-in: one TabSettings subkey.
 struct TabEntry {
-  static constexpr std::size_t kMaxText = 255;  // the record's 256-character fields
+  static constexpr std::size_t kMaxText = 255;  // the Today item's 256-character fields
   WideString customIconName;
   WideString name;
   WideString library;
