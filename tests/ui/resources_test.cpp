@@ -28,7 +28,10 @@ struct LibraryFree {
 using Library = std::unique_ptr<std::remove_pointer_t<HMODULE>, LibraryFree>;
 
 Library Load(const std::wstring& file) {
-  return Library(LoadLibraryW((std::wstring(TW_LIBRARY_FOLDER) + L"\\" + file).c_str()));
+  std::wstring path = TW_LIBRARY_FOLDER;
+  path += L'\\';
+  path += file;
+  return Library(LoadLibraryW(path.c_str()));
 }
 
 std::wstring Text(HMODULE module, unsigned id) {
@@ -84,9 +87,9 @@ TEST_P(LanguageLibraryTest, HasEveryTextTheProgramLoads) {
   std::string missing, too_long;
   for (unsigned id : tw::kLanguageTexts) {
     std::wstring text = Text(library(), id);
-    if (text.empty()) missing += " " + std::to_string(id);
+    if (text.empty()) missing.append(" ").append(std::to_string(id));
     // Labels and explanations are drawn through 256-character buffers.
-    if (text.size() > 255) too_long += " " + std::to_string(id);
+    if (text.size() > 255) too_long.append(" ").append(std::to_string(id));
   }
   EXPECT_EQ(missing, "") << "texts missing";
   EXPECT_EQ(too_long, "") << "texts longer than 255 characters";
