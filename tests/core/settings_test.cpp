@@ -80,9 +80,18 @@ TEST_F(LoadSaveTest, SavingDefaultsLeavesOnlyTheDeliberateValues) {
   Save();
   std::map<std::u16string, std::vector<std::u16string>> expected;
   expected[std::u16string(kMain)] = {u"dSelectedSkin"};
-  for (const KeySpec* key : ProductKeys())
-    for (const FontSpec& font : key->fonts) expected[key->path].push_back(std::u16string(font.name) + u"lfWeight");
-  expected[std::u16string(kFonts)].push_back(u"FontMailUnreadlfStrikeOut");
+  expected[std::u16string(kFonts)] = {
+      u"FontGenerallfWeight", u"FontCalTaskslfWeight", u"FontCalTasksOverduelfWeight",
+      u"FontCalTasksFuturelfWeight", u"FontCalTasksCompletedlfWeight", u"FontCalTasksUndatedlfWeight",
+      u"FontCalApptBusylfWeight", u"FontCalApptFreelfWeight", u"FontCalApptOutOfOfficelfWeight",
+      u"FontCalTentativelfWeight", u"FontCalPastlfWeight", u"FontCalCompletedlfWeight",
+      u"FontCalDayTitleslfWeight", u"FontMailUnreadlfWeight", u"FontMailReadlfWeight",
+      u"FontTskOverduelfWeight", u"FontTskDueTodaylfWeight", u"FontTskNoDuelfWeight",
+      u"FontTskFutureDuelfWeight", u"FontTskGroupingTtlslfWeight", u"FontNoteItemslfWeight",
+      u"FontNoteTitleslfWeight", u"FontMsgsReadlfWeight", u"FontMsgsUnreadlfWeight",
+      u"FontMsgsTitleslfWeight", u"FontSEGenerallfWeight", u"FontSEFilter1lfWeight",
+      u"FontSEFilter2lfWeight", u"FontSEFilter3lfWeight", u"FontSEFilter4lfWeight",
+      u"FontMailUnreadlfStrikeOut"};
 
   for (const std::u16string& path : ProductKeyPaths()) {
     std::vector<std::u16string> names = ValueNames(registry(), kCurrentUser, path);
