@@ -1,0 +1,110 @@
+// Starts the settings program, shows each page in turn through its page
+// selector and saves what the device screen shows as page-NN.bmp, then
+// cancels the program.
+//   page_shots <program.exe> <output folder> [page count]
+#include <windows.h>
+
+#include <cstdio>
+#include <cwchar>
+#include <string>
+
+#include "tools/remote_program.h"
+#include "tools/screen_capture.h"
+
+namespace {
+
+constexpr int kPageCount = 13;
+constexpr WORD kCancelCommand = 40019;
+constexpr DWORD kStartTimeoutMs = 60000;
+constexpr DWORD kIdleTimeoutMs = 10000;
+// Wine copies a window's drawing to the X server a little after the paint
+// returns; a capture taken at once can miss the last strokes.
+constexpr DWORD kSettleMs = 250;
+
+struct SelectorQuery {
+  HWND main;
+  int pages;
+  HWND found;
+};
+
+bool IsPageSelector(HWND combo, int pages) {
+  if (SendMessageW(combo, CB_GETCOUNT, 0, 0) != pages) return false;
+  for (int i = 0; i < pages; ++i)
+    if (SendMessageW(combo, CB_GETITEMDATA, i, 0) != i) return false;
+  return true;
+}
+
+BOOL CALLBACK FindSelectorChild(HWND child, LPARAM data) {
+  auto* query = reinterpret_cast<SelectorQuery*>(data);
+  wchar_t name[32];
+  if (GetParent(child) != query->main || GetClassNameW(child, name, 32) == 0 || lstrcmpiW(name, L"ComboBox") != 0)
+    return TRUE;
+  if (!IsPageSelector(child, query->pages)) return TRUE;
+  query->found = child;
+  return FALSE;
+}
+
+// The selector is the main window's own drop-down whose entries carry their
+// page numbers; pages may hold drop-downs of their own.
+HWND FindPageSelector(HWND main, int pages) {
+  SelectorQuery query{main, pages, nullptr};
+  EnumChildWindows(main, FindSelectorChild, reinterpret_cast<LPARAM>(&query));
+  return query.found;
+}
+
+void ShowPage(HWND main, HWND selector, int page) {
+  SendMessageW(selector, CB_SETCURSEL, page, 0);
+  SendMessageW(main, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(selector), CBN_SELCHANGE), reinterpret_cast<LPARAM>(selector));
+  RedrawWindow(main, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+}
+
+int Fail(const char* what) {
+  std::fprintf(stderr, "page_shots: %s\n", what);
+  return 1;
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+  if (argc < 3) return Fail("usage: page_shots <program.exe> <output folder> [page count]");
+  std::wstring exe = argv[1];
+  std::wstring folder = argv[2];
+  int pages = argc > 3 ? _wtoi(argv[3]) : kPageCount;
+
+  std::wstring className, title;
+  if (!tw::tools::ReadWindowNames(exe, className, title)) return Fail("cannot read the window class and title");
+  CreateDirectoryW(folder.c_str(), nullptr);
+
+  tw::tools::RemoteProgram program;
+  if (!tw::tools::StartProgram(exe, L"", program)) return Fail("cannot start the program");
+  if (!tw::tools::WaitForMainWindow(program, className.c_str(), title.c_str(), kStartTimeoutMs)) {
+    tw::tools::CloseProgram(program, kCancelCommand, 1000);
+    return Fail("the main window did not appear");
+  }
+  tw::tools::WaitIdle(program.main, kIdleTimeoutMs);
+  HWND selector = FindPageSelector(program.main, pages);
+  if (!selector) {
+    tw::tools::CloseProgram(program, kCancelCommand, 5000);
+    return Fail("no page selector with the expected entries");
+  }
+
+  int saved = 0;
+  for (int page = 0; page < pages; ++page) {
+    ShowPage(program.main, selector, page);
+    tw::tools::WaitIdle(program.main, kIdleTimeoutMs);
+    Sleep(kSettleMs);
+    RECT area = tw::tools::ProgramScreenRect(program.process.dwProcessId);
+    tw::tools::Capture capture;
+    wchar_t name[32];
+    std::swprintf(name, 32, L"\\page-%02d.bmp", page);
+    if (tw::tools::CaptureScreen(area, capture) && tw::tools::WriteBmp(folder + name, capture)) {
+      ++saved;
+      std::printf("page %2d: %dx%d at %ld,%ld\n", page, capture.width, capture.height, area.left, area.top);
+    } else {
+      std::fprintf(stderr, "page_shots: page %d not captured\n", page);
+    }
+  }
+  std::fflush(stdout);
+  tw::tools::CloseProgram(program, kCancelCommand, 10000);
+  return saved == pages ? 0 : 1;
+}

@@ -1,0 +1,137 @@
+#include "tools/remote_program.h"
+
+#include <vector>
+
+namespace tw::tools {
+
+namespace {
+
+bool LoadWide(HMODULE module, UINT id, std::wstring& out) {
+  wchar_t buffer[256];
+  int length = LoadStringW(module, id, buffer, 256);
+  if (length <= 0) return false;
+  out.assign(buffer, length);
+  return true;
+}
+
+struct WindowQuery {
+  DWORD processId;
+  std::vector<HWND> windows;
+};
+
+BOOL CALLBACK CollectVisible(HWND window, LPARAM data) {
+  auto* query = reinterpret_cast<WindowQuery*>(data);
+  DWORD owner = 0;
+  GetWindowThreadProcessId(window, &owner);
+  if (owner == query->processId && IsWindowVisible(window)) query->windows.push_back(window);
+  return TRUE;
+}
+
+std::vector<HWND> VisibleTopLevel(DWORD processId) {
+  WindowQuery query{processId, {}};
+  EnumWindows(CollectVisible, reinterpret_cast<LPARAM>(&query));
+  return query.windows;
+}
+
+bool HasClass(HWND window, const wchar_t* name) {
+  wchar_t buffer[64];
+  return GetClassNameW(window, buffer, 64) > 0 && lstrcmpiW(buffer, name) == 0;
+}
+
+bool Ended(const RemoteProgram& program, DWORD timeoutMs) {
+  return WaitForSingleObject(program.process.hProcess, timeoutMs) == WAIT_OBJECT_0;
+}
+
+DWORD Release(RemoteProgram& program) {
+  WaitForSingleObject(program.process.hProcess, 10000);
+  DWORD code = 0;
+  GetExitCodeProcess(program.process.hProcess, &code);
+  CloseHandle(program.process.hThread);
+  CloseHandle(program.process.hProcess);
+  program = RemoteProgram{};
+  return code;
+}
+
+}  // namespace
+
+bool ReadWindowNames(const std::wstring& exe, std::wstring& className, std::wstring& title) {
+  HMODULE module = LoadLibraryExW(exe.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  if (!module) return false;
+  bool found = LoadWide(module, 3, className) && LoadWide(module, 1, title);
+  FreeLibrary(module);
+  return found;
+}
+
+bool StartProgram(const std::wstring& exe, const std::wstring& arguments, RemoteProgram& program) {
+  std::wstring folder = exe.substr(0, exe.find_last_of(L"\\/") == std::wstring::npos ? 0 : exe.find_last_of(L"\\/"));
+  std::wstring commandLine = L"\"" + exe + L"\"";
+  if (!arguments.empty()) commandLine += L" " + arguments;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  program = RemoteProgram{};
+  return CreateProcessW(exe.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        folder.empty() ? nullptr : folder.c_str(), &startup, &program.process) != 0;
+}
+
+HWND FindProgramWindow(DWORD processId, const wchar_t* className, const wchar_t* title) {
+  HWND window = nullptr;
+  while ((window = FindWindowExW(nullptr, window, className, title)) != nullptr) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner == processId && IsWindowVisible(window)) return window;
+  }
+  return nullptr;
+}
+
+bool WaitForMainWindow(RemoteProgram& program, const wchar_t* className, const wchar_t* title, DWORD timeoutMs) {
+  DWORD start = GetTickCount();
+  while (GetTickCount() - start < timeoutMs) {
+    program.main = FindProgramWindow(program.process.dwProcessId, className, title);
+    if (program.main) return true;
+    if (Ended(program, 0)) return false;
+    Sleep(20);
+  }
+  return false;
+}
+
+bool WaitIdle(HWND window, DWORD timeoutMs) {
+  DWORD_PTR result = 0;
+  return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, timeoutMs, &result) != 0;
+}
+
+RECT ProgramScreenRect(DWORD processId) {
+  RECT area{};
+  for (HWND window : VisibleTopLevel(processId)) {
+    // An open drop-down list or a tool tip is not part of the device screen.
+    if (HasClass(window, L"ComboLBox") || HasClass(window, L"tooltips_class32")) continue;
+    RECT rect;
+    GetWindowRect(window, &rect);
+    UnionRect(&area, &area, &rect);
+  }
+  RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  IntersectRect(&area, &area, &screen);
+  return area;
+}
+
+DWORD CloseProgram(RemoteProgram& program, WORD cancelCommand, DWORD timeoutMs) {
+  DWORD start = GetTickCount();
+  if (program.main) PostMessageW(program.main, WM_COMMAND, MAKEWPARAM(cancelCommand, 0), 0);
+  bool answered = false;
+  while (!Ended(program, 20) && GetTickCount() - start < timeoutMs) {
+    if (answered) continue;
+    for (HWND window : VisibleTopLevel(program.process.dwProcessId)) {
+      if (!HasClass(window, L"#32770")) continue;
+      PostMessageW(window, WM_COMMAND, IDYES, 0);
+      answered = true;
+    }
+  }
+  if (!Ended(program, 0)) TerminateProcess(program.process.hProcess, 1);
+  return Release(program);
+}
+
+DWORD KillProgram(RemoteProgram& program) {
+  TerminateProcess(program.process.hProcess, 1);
+  return Release(program);
+}
+
+}  // namespace tw::tools
