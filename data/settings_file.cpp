@@ -1,6 +1,7 @@
 #include "data/settings_file.h"
 
 #include <cstring>
+#include <unordered_map>
 
 #include "app/text.h"
 #include "data/line_reader.h"
@@ -87,13 +88,29 @@ void ImportRegistryLine(ImportReader& reader, Registry& registry, RegKey key) {
 
 // A category takes three lines after its name, or four when the third is not
 // its colour.
-void ImportCategory(ImportReader& reader, CategoryList& categories) {
+// Categories by exact name, the first of equal names winning, as a search
+// from the head finds them.
+class CategoryIndex {
+ public:
+  explicit CategoryIndex(CategoryList& categories) {
+    for (CategoryEntry& entry : categories.entries) byName_.emplace(entry.name.View(), &entry);
+  }
+  CategoryEntry* Find(std::u16string_view name) const {
+    auto found = byName_.find(name);
+    return found == byName_.end() ? nullptr : found->second;
+  }
+
+ private:
+  std::unordered_map<std::u16string_view, CategoryEntry*> byName_;
+};
+
+void ImportCategory(ImportReader& reader, const CategoryIndex& categories) {
   reader.ParseString();
   WideString category = reader.data;
   std::uint32_t mask = static_cast<std::uint32_t>(reader.NextNumber());
   std::uint32_t color = static_cast<std::uint32_t>(reader.NextNumber());
   if (!EqualsIgnoreCase(reader.name.View(), kColor)) color = static_cast<std::uint32_t>(reader.NextNumber());
-  if (CategoryEntry* entry = categories.FindName(category.View())) {
+  if (CategoryEntry* entry = categories.Find(category.View())) {
     entry->filterMask = mask;
     entry->color = color;
   }
@@ -170,6 +187,7 @@ int ImportSettings(SettingsTextInput& in, Registry& registry, CategoryData& data
   if (!in.Rewind()) return 0;
   ImportReader reader(in);
   if (!reader.Next()) return 1;
+  CategoryIndex categories(data.categories);
   Section section = Section::None;
   ScopedKey key(registry);
   do {
@@ -188,7 +206,7 @@ int ImportSettings(SettingsTextInput& in, Registry& registry, CategoryData& data
     } else if (section == Section::Registry) {
       ImportRegistryLine(reader, registry, key.get());
     } else if (section == Section::Categories) {
-      ImportCategory(reader, data.categories);
+      ImportCategory(reader, categories);
     } else if (section == Section::Filters) {
       ImportFilter(reader, data.filters);
     }

@@ -107,14 +107,16 @@ std::u16string JoinLineEnds(std::u16string text) {
 void SettingsTextOutput::Write(std::u16string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t code = text[i];
+    if (code < 0x80 && code != u'\n') {  // the common case, a byte a character
+      bytes_.push_back(static_cast<char>(code));
+      continue;
+    }
     if (code >= 0xD800 && code <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
         text[i + 1] <= 0xDFFF) {
       code = 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00);
     }
     if (code == u'\n') {
       bytes_ += "\r\n";
-    } else if (code < 0x80) {
-      bytes_.push_back(static_cast<char>(code));
     } else if (code < 0x800) {
       bytes_.push_back(static_cast<char>(0xC0 | code >> 6));
       bytes_.push_back(static_cast<char>(0x80 | (code & 0x3F)));
