@@ -25,6 +25,7 @@ class ByteStream {
 
   std::uint8_t Next() { return pos_ < size_ ? data_[pos_++] : (++pos_, 0); }
   void Skip(std::size_t count) { pos_ += count; }
+  bool Exhausted() const { return pos_ >= size_; }
   // The next count bytes when all of them are present, else null.
   const std::uint8_t* Take(std::size_t count) {
     if (pos_ > size_ || size_ - pos_ < count) return nullptr;
@@ -138,10 +139,18 @@ Pixel ReadPixel(ByteStream& in, int bytesPerPixel) {
   return p;
 }
 
+// What a pixel read past the end of the data gives.
+Pixel MissingPixel(int bytesPerPixel) { return {0, 0, 0, std::uint8_t(bytesPerPixel == 4 ? 0 : 0xFF)}; }
+
 // count pixels stored one after another, from offset on.
 void CopyPixels(ByteStream& in, PlaneWriter& out, std::size_t offset, std::size_t count, int bytesPerPixel) {
   if (const std::uint8_t* bytes = in.Take(count * bytesPerPixel)) {
     out.Split(offset, bytes, count, bytesPerPixel);
+    return;
+  }
+  if (in.Exhausted()) {  // a short file: the same zeros, without reading them one by one
+    out.Fill(offset, count, MissingPixel(bytesPerPixel));
+    in.Skip(count * bytesPerPixel);
     return;
   }
   for (std::size_t i = 0; i < count; ++i) out.Store(offset + i, ReadPixel(in, bytesPerPixel));
@@ -150,6 +159,10 @@ void CopyPixels(ByteStream& in, PlaneWriter& out, std::size_t offset, std::size_
 void DecodeRunLengthRow(ByteStream& in, PlaneWriter& out, std::size_t rowStart, std::int32_t width,
                         int bytesPerPixel) {
   for (std::int32_t x = 0; x < width;) {
+    if (in.Exhausted()) {  // zero packet bytes: one missing pixel after another to the row's end
+      out.Fill(rowStart + x, width - x, MissingPixel(bytesPerPixel));
+      return;
+    }
     std::uint8_t packet = in.Next();
     std::size_t count = (packet & 127) + 1;
     if (packet < 128) CopyPixels(in, out, rowStart + x, count, bytesPerPixel);

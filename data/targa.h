@@ -14,10 +14,10 @@ namespace tw {
 // E_FAIL: every decoding failure reports this one code.
 inline constexpr std::int32_t kTargaFailure = static_cast<std::int32_t>(0x80004005u);
 
-// Images for this program are icons and skin pieces of screen size at most;
-// anything above 2048 x 2048 pixels (16 MB of planes) is refused rather than
-// letting a damaged header claim up to 65535 x 65535 (17 GB).
-inline constexpr std::int64_t kMaxTargaPixels = 2048 * 2048;
+// Images for this program are icons and skin pieces no larger than a 480 x
+// 640 screen; anything above 1024 x 1024 pixels (4 MB of planes) is refused
+// rather than letting a damaged header claim up to 65535 x 65535 (17 GB).
+inline constexpr std::int64_t kMaxTargaPixels = 1024 * 1024;
 
 struct TargaImage {
   std::int32_t height = 0;

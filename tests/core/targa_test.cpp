@@ -135,16 +135,17 @@ TEST(TargaTest, EmptyAndOversizedImages) {
   EXPECT_EQ(empty.height, 0);
 
   TargaImage image;
-  auto huge = Targa(kRunLength, 2049, 2048, 32, 0, {});
+  auto huge = Targa(kRunLength, 1025, 1024, 32, 0, {});
   EXPECT_EQ(DecodeTarga(huge.data(), huge.size(), image), kTargaFailure);
   auto widest = Targa(kRaw, 65535, 65535, 32, 0, {});
   EXPECT_EQ(DecodeTarga(widest.data(), widest.size(), image), kTargaFailure);
   EXPECT_TRUE(image.Empty());
 
-  auto largest = Targa(kRunLength, 2048, 2048, 32, 0x10, {0xFF, 1, 2, 3, 4});
+  auto largest = Targa(kRunLength, 1024, 1024, 32, 0x10, {0xFF, 1, 2, 3, 4});
   ASSERT_EQ(DecodeTarga(largest.data(), largest.size(), image), 0);
   EXPECT_PIXEL(image, 127, 0, 1, 2, 3, 4);
-  EXPECT_PIXEL(image, 2047, 2047, 0, 0, 0, 0);
+  EXPECT_PIXEL(image, 128, 0, 0, 0, 0, 0);
+  EXPECT_PIXEL(image, 1023, 1023, 0, 0, 0, 0);
 }
 
 class TargaFileTest : public test::PlatformTest {};
