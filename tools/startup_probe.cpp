@@ -2,8 +2,9 @@
 //   startup_probe <runs> <program.exe> <baseline.exe>
 // One run: the clock starts before CreateProcessW; it stops when the
 // program's main window (found by strings 3 and 1 of its resources) is
-// visible, has no invalid region left (its first WM_PAINT has begun) and its
-// thread is back in its message loop (the paint has returned). The same
+// visible, has no invalid region left (its first WM_PAINT has begun), its
+// thread is back in its message loop (the paint has returned) and the window
+// is still valid then. The same
 // watch applies to both programs, so the ratio compares like with like. The
 // program is then terminated, so every run is a cold start of the process.
 #include <windows.h>
@@ -42,7 +43,10 @@ double MeasureOnce(const Subject& subject, LARGE_INTEGER frequency) {
   while (Now(frequency) - start < kTimeoutMs) {
     HWND window = tw::tools::FindProgramWindow(program.process.dwProcessId, subject.className.c_str(),
                                                subject.title.c_str());
-    if (window && !GetUpdateRect(window, nullptr, FALSE) && tw::tools::WaitIdle(window, kTimeoutMs)) {
+    // Checked again once the thread is idle: a window shown but not yet
+    // invalidated would otherwise pass for one already painted.
+    if (window && !GetUpdateRect(window, nullptr, FALSE) && tw::tools::WaitIdle(window, kTimeoutMs) &&
+        !GetUpdateRect(window, nullptr, FALSE)) {
       elapsed = Now(frequency) - start;
       break;
     }
