@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "app/scaling.h"
+#include "resources/resource_ids.h"
 
 namespace tw {
 namespace {
@@ -141,29 +142,29 @@ void SelectItemFonts(PreviewFontCache& cache, const SettingsStore& settings, HFO
 }
 
 const PreviewImageSource kPreviewImages[kPreviewImageCount] = {
-    {u"note", 399, -1, kGreen, false},
-    {u"regenerated", 400, -1, kGreen, false},
-    {u"reminder", 396, -1, kGreen, false},
-    {u"high_importance", 401, -1, kGreen, false},
-    {u"low_importance", 402, -1, kGreen, false},
-    {u"recurring", 398, -1, kGreen, false},
-    {u"private", 395, -1, kGreen, false},
-    {u"link", 403, -1, kGreen, false},
-    {u"attendees", 397, -1, kGreen, false},
-    {u"active_task", 405, -1, kGreen, false},
-    {u"allday_appt", 404, -1, kGreen, false},
-    {u"appt_counter", 406, -1, kGreen, false},
-    {u"task_counter", 407, -1, kGreen, false},
-    {u"mail_counter", 408, -1, kGreen, false},
-    {u"notes_counter", 428, -1, kGreen, false},
-    {u"task_checked", -1, 173, kRed, true},
-    {u"task_not_checked", -1, 172, kRed, true},
-    {u"anniversary", -1, 391, kGreen, false},
-    {u"birthday", -1, 392, kGreen, false},
-    {u"tabs_left", -1, 365, kGreen, false},
-    {u"tabs_right", -1, 366, kGreen, false},
-    {u"category_symbol", 430, -1, kGreen, false},
-    {u"attached_icon_symbol", 431, -1, kGreen, false},
+    {u"note", IDT_NOTE, -1, kGreen, false},
+    {u"regenerated", IDT_REGENERATED, -1, kGreen, false},
+    {u"reminder", IDT_REMINDER, -1, kGreen, false},
+    {u"high_importance", IDT_HIGH_IMPORTANCE, -1, kGreen, false},
+    {u"low_importance", IDT_LOW_IMPORTANCE, -1, kGreen, false},
+    {u"recurring", IDT_RECURRING, -1, kGreen, false},
+    {u"private", IDT_PRIVATE, -1, kGreen, false},
+    {u"link", IDT_LINK, -1, kGreen, false},
+    {u"attendees", IDT_ATTENDEES, -1, kGreen, false},
+    {u"active_task", IDT_ACTIVE_TASK, -1, kGreen, false},
+    {u"allday_appt", IDT_ALLDAY_APPT, -1, kGreen, false},
+    {u"appt_counter", IDT_APPT_COUNTER, -1, kGreen, false},
+    {u"task_counter", IDT_TASK_COUNTER, -1, kGreen, false},
+    {u"mail_counter", IDT_MAIL_COUNTER, -1, kGreen, false},
+    {u"notes_counter", IDT_NOTES_COUNTER, -1, kGreen, false},
+    {u"task_checked", -1, IDB_TASK_CHECKED, kRed, true},
+    {u"task_not_checked", -1, IDB_TASK_NOT_CHECKED, kRed, true},
+    {u"anniversary", -1, IDB_ANNIVERSARY, kGreen, false},
+    {u"birthday", -1, IDB_BIRTHDAY, kGreen, false},
+    {u"tabs_left", -1, IDB_TABS_LEFT, kGreen, false},
+    {u"tabs_right", -1, IDB_TABS_RIGHT, kGreen, false},
+    {u"category_symbol", IDT_CATEGORY_SYMBOL, -1, kGreen, false},
+    {u"attached_icon_symbol", IDT_ATTACHED_ICON_SYMBOL, -1, kGreen, false},
 };
 
 int PreviewImageIndex(std::u16string_view name) {

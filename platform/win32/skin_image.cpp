@@ -4,7 +4,7 @@
 #include <string>
 
 #include "data/alpha_blend.h"
-#include "platform/win32/wide.h"
+#include "platform/win32/win32_bitmaps.h"
 #include "platform/win32/win32_file_system.h"
 
 namespace tw {
@@ -70,6 +70,12 @@ bool KeepBitmap(SkinImage& image, HBITMAP bitmap) {
   return true;
 }
 
+// SHLoadDIBitmap: a .bmp file as a DIB section, or null.
+HBITMAP LoadBitmapFile(std::u16string_view path) {
+  static Win32Bitmaps bitmaps;
+  return static_cast<HBITMAP>(bitmaps.Load(path));
+}
+
 bool LoadFromFolder(SkinImage& image, std::u16string_view folder, std::u16string_view baseName, bool allowHigh) {
   std::u16string base = std::u16string(folder) + u"\\" + std::u16string(baseName);
   if (ReadTargaFile(image, base + u".tga") == 0) return true;
@@ -101,12 +107,6 @@ bool TransparentImage(HDC destination, int x, int y, int width, int height, HBIT
   SelectObject(memory, old);
   DeleteDC(memory);
   return drawn != FALSE;
-}
-
-HBITMAP LoadBitmapFile(std::u16string_view path) {
-  std::wstring name = ToWide(path);
-  return static_cast<HBITMAP>(
-      LoadImageW(nullptr, name.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
 }
 
 void SkinImage::Release() {

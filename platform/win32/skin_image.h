@@ -20,9 +20,6 @@ inline constexpr COLORREF kArrowTransparent = RGB(255, 0, 0);
 bool TransparentImage(HDC destination, int x, int y, int width, int height, HBITMAP source, int sourceX,
                       int sourceY, int sourceWidth, int sourceHeight, COLORREF transparent);
 
-// The device's SHLoadDIBitmap: a .bmp file as a DIB section, or null.
-HBITMAP LoadBitmapFile(std::u16string_view path);
-
 // Holds either Targa planes or a bitmap, never both.
 struct SkinImage {
   TargaImage planes;

@@ -176,6 +176,28 @@ TEST_F(PreviewImageSetTest, FilesFirstThenThePictureLibrary) {
   DestroyWindow(list);
 }
 
+#if defined(TW_LIBRARY_FOLDER)
+// The picture libraries of the product hold every image of the set, each as
+// the kind the table names.
+TEST(PreviewImageLibraryTest, EveryImageIsInBothPictureLibraries) {
+  for (const wchar_t* file : {L"LowDpiRes.dll", L"HighDpiRes.dll"}) {
+    std::wstring path = std::wstring(TW_LIBRARY_FOLDER) + L"\\" + file;
+    HMODULE library = LoadLibraryW(path.c_str());
+    ASSERT_NE(library, nullptr) << Utf16ToUtf8(AsU16(file));
+    PreviewImageSet set;
+    set.Load(library, false, u"", nullptr);
+    for (int i = 0; i < kPreviewImageCount; ++i) {
+      const SkinImage& image = set.Image(i);
+      bool targa = kPreviewImages[i].targaId != -1;
+      EXPECT_EQ(!image.planes.Empty(), targa) << Utf16ToUtf8(AsU16(file)) << " " << Utf16ToUtf8(kPreviewImages[i].name);
+      EXPECT_EQ(image.bitmap != nullptr, !targa) << Utf16ToUtf8(AsU16(file)) << " " << Utf16ToUtf8(kPreviewImages[i].name);
+    }
+    set.Release();
+    FreeLibrary(library);
+  }
+}
+#endif
+
 TEST(PreviewImageTableTest, TwentyThreeNamedImages) {
   EXPECT_EQ(PreviewImageIndex(u"note"), 0);
   EXPECT_EQ(PreviewImageIndex(u"attached_icon_symbol"), kPreviewImageCount - 1);
