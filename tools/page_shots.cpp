@@ -58,6 +58,21 @@ void ShowPage(HWND main, HWND selector, int page) {
   RedrawWindow(main, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 
+// The device screen lies at the top left of the desktop: TIDEWELL_SCREEN
+// pixels, or portrait 240 x 320 scaled by the dots per inch.
+RECT DeviceScreen() {
+  HDC screen = GetDC(nullptr);
+  int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  int width = (240 * dpi + 48) / 96, height = (320 * dpi + 48) / 96;
+  wchar_t text[32] = {};
+  if (GetEnvironmentVariableW(L"TIDEWELL_SCREEN", text, 32) > 0) {
+    int w = 0, h = 0;
+    if (swscanf(text, L"%dx%d", &w, &h) == 2 && w > 0 && h > 0) width = w, height = h;
+  }
+  return {0, 0, width, height};
+}
+
 int Fail(const char* what) {
   std::fprintf(stderr, "page_shots: %s\n", what);
   return 1;
@@ -82,6 +97,12 @@ int wmain(int argc, wchar_t** argv) {
     return Fail("the main window did not appear");
   }
   tw::tools::WaitIdle(program.main, kIdleTimeoutMs);
+  // The first start greets the user from its first paint; the pages are what
+  // we are after, so the greeting is acknowledged as a user would.
+  for (int tries = 0; tries < 5 && tw::tools::DismissMessageBoxes(program.process.dwProcessId) > 0; ++tries) {
+    Sleep(100);
+    tw::tools::WaitIdle(program.main, kIdleTimeoutMs);
+  }
   HWND selector = FindPageSelector(program.main, pages);
   if (!selector) {
     tw::tools::CloseProgram(program, kCancelCommand, 5000);
@@ -93,7 +114,7 @@ int wmain(int argc, wchar_t** argv) {
     ShowPage(program.main, selector, page);
     tw::tools::WaitIdle(program.main, kIdleTimeoutMs);
     Sleep(kSettleMs);
-    RECT area = tw::tools::ProgramScreenRect(program.process.dwProcessId);
+    RECT area = DeviceScreen();
     tw::tools::Capture capture;
     wchar_t name[32];
     std::swprintf(name, 32, L"\\page-%02d.bmp", page);
@@ -105,6 +126,7 @@ int wmain(int argc, wchar_t** argv) {
     }
   }
   std::fflush(stdout);
-  tw::tools::CloseProgram(program, kCancelCommand, 10000);
+  DWORD exitCode = tw::tools::CloseProgram(program, kCancelCommand, 10000);
+  std::printf("program closed, exit code %lu\n", exitCode);
   return saved == pages ? 0 : 1;
 }

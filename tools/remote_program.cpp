@@ -99,18 +99,14 @@ bool WaitIdle(HWND window, DWORD timeoutMs) {
   return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, timeoutMs, &result) != 0;
 }
 
-RECT ProgramScreenRect(DWORD processId) {
-  RECT area{};
+int DismissMessageBoxes(DWORD processId) {
+  int answered = 0;
   for (HWND window : VisibleTopLevel(processId)) {
-    // An open drop-down list or a tool tip is not part of the device screen.
-    if (HasClass(window, L"ComboLBox") || HasClass(window, L"tooltips_class32")) continue;
-    RECT rect;
-    GetWindowRect(window, &rect);
-    UnionRect(&area, &area, &rect);
+    if (!HasClass(window, L"#32770")) continue;
+    PostMessageW(window, WM_COMMAND, IDOK, 0);
+    ++answered;
   }
-  RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  IntersectRect(&area, &area, &screen);
-  return area;
+  return answered;
 }
 
 DWORD CloseProgram(RemoteProgram& program, WORD cancelCommand, DWORD timeoutMs) {

@@ -1,6 +1,6 @@
 // Drives the settings program from another process, as a user's taps would
-// reach it: start it, find its main window, wait until it is idle, find the
-// area of the screen its windows cover, and close it again.
+// reach it: start it, find its main window, wait until it is idle, answer its
+// message boxes, and close it again.
 #pragma once
 
 #include <windows.h>
@@ -32,8 +32,8 @@ bool WaitForMainWindow(RemoteProgram& program, const wchar_t* className, const w
 // i.e. it is back in its message loop.
 bool WaitIdle(HWND window, DWORD timeoutMs);
 
-// The union of the process's visible top-level windows, clipped to the screen.
-RECT ProgramScreenRect(DWORD processId);
+// Answers every message box the process shows with OK; returns how many.
+int DismissMessageBoxes(DWORD processId);
 
 // Posts the cancel command, answers its question with Yes and waits for the
 // end; a program that does not end in time is terminated. Returns its exit code.
