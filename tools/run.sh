@@ -17,7 +17,11 @@ bash tools/install-deps.sh
 build=$(realpath -m "${TIDEWELL_BUILD:-build/mingw}")
 cmake --preset mingw -B "$build" >/dev/null
 # Only what running needs: the program, its libraries and the capture helper.
-program_target=$(cmake --build "$build" --target help | grep -oE '^(TidewellSettings|tw_program):' | head -n 1)
+program_target=$(cmake --build "$build" --target help | grep -oE '^(TidewellSettings|tw_program):' | head -n 1 || true)
+if [ -z "$program_target" ]; then
+  echo "The build has no TidewellSettings program (app/main.cpp is missing)." >&2
+  exit 1
+fi
 cmake --build "$build" -j"${JOBS:-2}" --target "${program_target%:}" tw_libraries page_shots
 prefix=${TIDEWELL_PREFIX:-$top/build/wineprefix}
 
