@@ -103,28 +103,42 @@ TEST(AlphaBlendTest, SkipsIndexesOutsideThePlanes) {
   EXPECT_EQ(before.Red(0, 1), 1) << "index 1: the row before continues";
 }
 
-TEST(AlphaBlendTest, OpacityWeighsSourceAgainstDestination) {
-  for (auto [alpha, green] : {std::pair{0, 50}, std::pair{255, 200}, std::pair{128, 125}}) {
-    TargaImage image = MakeImage(2, 2, static_cast<std::uint8_t>(alpha));
-    TestSurface target(2, 2, 50);
-    BlendImage(image, target.surface, 0, 0, 2, 2);
-    EXPECT_EQ(target.Green(1, 1), green) << "alpha " << alpha;
+// Rows long enough for the block-wise loops and their tails, with every
+// pixel checked against the one-channel rule.
+TEST(AlphaBlendTest, WideRowsFollowTheChannelRule) {
+  const int width = 37, height = 2;
+  TargaImage image = MakeImage(width, height, 0);
+  for (std::size_t i = 0; i < image.PixelCount(); ++i) {
+    image.alpha[i] = static_cast<std::uint8_t>(i * 37);
+    image.blue[i] = static_cast<std::uint8_t>(i * 11);
   }
+  TestSurface target(width, height, 0);
+  for (std::size_t i = 0; i < target.bytes.size(); ++i) target.bytes[i] = static_cast<std::uint8_t>(i * 29);
+  std::vector<std::uint8_t> before = target.bytes;
+  BlendImage(image, target.surface, 0, 0, width, height);
+  TintSurface(target.surface, 0x00336699, 77);
+  const std::uint8_t tint[3] = {0x33, 0x66, 0x99};  // blue, green, red
+  int wrong = 0;
+  for (int y = 0; y < height; ++y)
+    for (int x = 0; x < width; ++x)
+      for (int c = 0; c < 3; ++c) {
+        std::size_t i = static_cast<std::size_t>(y) * width + x;
+        const std::uint8_t* source[3] = {image.blue.get(), image.green.get(), image.red.get()};
+        std::size_t at = static_cast<std::size_t>(target.surface.Row(y) - target.bytes.data()) + x * 3 + c;
+        std::uint8_t blended = BlendChannel(source[c][i], before[at], image.alpha[i]);
+        if (target.bytes[at] != BlendChannel(tint[c], blended, 77) && ++wrong <= 3)
+          ADD_FAILURE() << "pixel " << x << ", " << y << " channel " << c;
+      }
+  EXPECT_EQ(wrong, 0);
 }
 
-TEST(AlphaBlendTest, TintCoversTheWholeSurface) {
-  TestSurface target(5, 3, 100);
-  TintSurface(target.surface, 0x00FF0000, 255);  // blue
-  EXPECT_EQ((std::vector<int>(target.bytes.begin(), target.bytes.begin() + 3)), (std::vector<int>{255, 0, 0}));
-  EXPECT_EQ((std::vector<int>(target.bytes.end() - 3, target.bytes.end())), (std::vector<int>{255, 0, 0}));
-
+TEST(AlphaBlendTest, TintAtTheExtremes) {
   TestSurface kept(2, 2, 100);
   TintSurface(kept.surface, 0x00FFFFFF, 0);
   EXPECT_EQ(kept.bytes, std::vector<std::uint8_t>(12, 100));
-
-  TestSurface half(1, 1, 0);
-  TintSurface(half.surface, 0x000000FF, 128);
-  EXPECT_EQ((std::vector<int>(half.bytes.begin(), half.bytes.end())), (std::vector<int>{0, 0, 128}));
+  TestSurface solid(1, 1, 100);
+  TintSurface(solid.surface, 0x00FF0000, 255);  // blue
+  EXPECT_EQ(solid.bytes, (std::vector<std::uint8_t>{255, 0, 0}));
 }
 
 }  // namespace

@@ -198,16 +198,5 @@ TEST(PreviewImageLibraryTest, EveryImageIsInBothPictureLibraries) {
 }
 #endif
 
-TEST(PreviewImageTableTest, TwentyThreeNamedImages) {
-  EXPECT_EQ(PreviewImageIndex(u"note"), 0);
-  EXPECT_EQ(PreviewImageIndex(u"attached_icon_symbol"), kPreviewImageCount - 1);
-  EXPECT_EQ(PreviewImageIndex(u"nothing"), -1);
-  for (int i = 0; i < kPreviewImageCount; ++i) {
-    const PreviewImageSource& source = kPreviewImages[i];
-    EXPECT_NE(source.targaId == -1, source.bitmapId == -1) << "one resource each: " << i;
-    EXPECT_EQ(PreviewImageIndex(source.name), i) << "names are unique";
-  }
-}
-
 }  // namespace
 }  // namespace tw

@@ -86,9 +86,6 @@ TEST_F(SkinImageTest, TintsARectangle) {
   EXPECT_COLOR(canvas.Pixel(3, 2), RGB(255, 0, 0));
   EXPECT_COLOR(canvas.Pixel(4, 1), kGrey);
   EXPECT_COLOR(canvas.Pixel(1, 3), kGrey);
-
-  TintRect(canvas.dc(), 0, 0, 1, 1, RGB(255, 255, 255), 0);
-  EXPECT_COLOR(canvas.Pixel(0, 0), kGrey);
   TintRect(canvas.dc(), 5, 0, 1, 4, RGB(0, 0, 255), 128);
   EXPECT_COLOR(canvas.Pixel(5, 3), Blended(RGB(0, 0, 255), kGrey, 128));
 }
@@ -140,18 +137,6 @@ TEST_F(SkinImageTest, BrokenFilesFallThrough) {
   EXPECT_EQ(LoadSkinImage(image, Folder(), u"absent", Module(), -1, -1, kIconTransparent, true), 0);
   EXPECT_TRUE(image.Empty()) << "the earlier image is released";
   EXPECT_EQ(image.bitmapWidth, -1);
-}
-
-TEST_F(SkinImageTest, OffscreenSurfaceDrawsApart) {
-  Canvas screen(4, 4, kGrey);
-  OffscreenSurface surface;
-  ASSERT_TRUE(surface.Create(screen.dc(), 4, 4));
-  TintRect(surface.dc(), 0, 0, 4, 4, RGB(0, 0, 255), 255);
-  EXPECT_COLOR(screen.Pixel(0, 0), kGrey) << "nothing reaches the screen before the copy";
-  BitBlt(screen.dc(), 0, 0, 4, 4, surface.dc(), 0, 0, SRCCOPY);
-  EXPECT_COLOR(screen.Pixel(3, 3), RGB(0, 0, 255));
-  surface.Release();
-  EXPECT_EQ(surface.dc(), nullptr);
 }
 
 }  // namespace
