@@ -72,6 +72,15 @@
 #define IDT_CATEGORY_SYMBOL 430
 #define IDT_ATTACHED_ICON_SYMBOL 431
 
+/* The icon-marker flags of the Calendar page, their names (texts) and the
+   pictures that stand for them:
+     1 note (40255) IDT_NOTE             2 recurring (40256) IDT_RECURRING
+     4 reminder (40257) IDT_REMINDER     8 private (40258) IDT_PRIVATE
+     16 category (40259) IDT_CATEGORY_SYMBOL
+     32 importance, tasks only (40261) IDT_HIGH_IMPORTANCE
+     64 link (40260) IDT_LINK           128 attendees, appointments only (40920) IDT_ATTENDEES
+     256 category icon (40921) IDT_ATTACHED_ICON_SYMBOL */
+
 /* Dialog templates of the program. */
 #define IDD_FILE_CHOOSER 111
 #define IDD_COLOUR_PICKER 184
