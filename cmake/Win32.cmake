@@ -24,3 +24,21 @@ if(EXISTS ${PROJECT_SOURCE_DIR}/resources/CMakeLists.txt)
   add_subdirectory(${PROJECT_SOURCE_DIR}/resources ${CMAKE_BINARY_DIR}/resources)
 endif()
 add_subdirectory(${PROJECT_SOURCE_DIR}/tools ${CMAKE_BINARY_DIR}/tools)
+
+# The program: app/main.cpp over tw_ui, with the program's own resources,
+# placed beside the resource libraries as the installation lays them out.
+if(TARGET tw_ui AND TARGET tw_program_resources)
+  add_executable(TidewellSettings WIN32 ${PROJECT_SOURCE_DIR}/app/main.cpp $<TARGET_OBJECTS:tw_program_resources>)
+  target_link_libraries(TidewellSettings PRIVATE tw_ui)
+  target_link_options(TidewellSettings PRIVATE -municode)
+  set_target_properties(TidewellSettings PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TW_LIBRARY_FOLDER})
+
+  # The UI tests start the program as a second process.
+  function(tw_program_for_ui_tests)
+    if(TARGET ui_tests)
+      add_dependencies(ui_tests TidewellSettings)
+      target_compile_definitions(ui_tests PRIVATE TW_PROGRAM=L"Z:${TW_LIBRARY_FOLDER}/TidewellSettings.exe")
+    endif()
+  endfunction()
+  cmake_language(DEFER DIRECTORY ${PROJECT_SOURCE_DIR} CALL tw_program_for_ui_tests)
+endif()

@@ -1,0 +1,104 @@
+// The main window's WM_COMMAND: the current page first, then the page
+// selector, then the shell's own commands: Done, Cancel, Export, Import.
+#include <windows.h>
+
+#include "app/main_window.h"
+#include "app/shell.h"
+#include "data/filters.h"
+#include "data/settings_file.h"
+#include "platform/win32/device.h"
+#include "platform/win32/wide.h"
+#include "resources/resource_ids.h"
+
+namespace tw {
+namespace {
+
+// wParam of WM_SETTINGCHANGE that makes the Today screen reload its items.
+constexpr WPARAM kTodayItemsChanged = 0xF2;
+constexpr UINT kCancelQuestion = 40216, kCancelCaption = 40217;
+
+void ShowPair(HWND window, MessagePair message) { ShowMessage(window, message.text, message.caption, MB_OK); }
+
+// Writes what only the application holds beside the record: the category
+// colours and masks, and the filter file the Today item reads too.
+void SaveCategoriesAndFilters() {
+  SaveCategoryAttributes(Categories().categories, Platform().registry);
+  WriteFilters(Categories().filters, Platform().files, Settings().TWFiltersFileFolder.View());
+}
+
+void OnDone(HWND window) {
+  DestroyPages();
+  // The filter panel commits its edits here once it has a view.
+  SaveCategoriesAndFilters();
+  SaveSettings(Settings(), Platform().Environment());
+  FreeLanguageLibrary();
+  PostMessageW(HWND_BROADCAST, Shell().settingsChangedMessage, 0, 0);
+  DestroyWindow(window);
+}
+
+void OnCancel(HWND window) {
+  if (ShowMessage(window, kCancelQuestion, kCancelCaption, MB_YESNO) != IDYES) return;
+  FreeLanguageLibrary();
+  DestroyWindow(window);
+}
+
+void OnExport(HWND window) {
+  std::wstring folder = device::DocumentsFolder();
+  ShowPair(window, ExportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder)));
+}
+
+// A successful import replaces the registry wholesale: the record is read
+// back, the lists are written out, the Today screen reloads and the program
+// ends without saving, so the pages' former state cannot undo the import.
+void OnImport(HWND window) {
+  std::wstring folder = device::DocumentsFolder();
+  ImportOutcome outcome = ImportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder));
+  if (!outcome.succeeded) {
+    ShowPair(window, outcome.message);
+    return;
+  }
+  LoadSettings(Settings(), Platform().Environment());
+  SaveCategoriesAndFilters();
+  ShowPair(window, outcome.message);
+  FreeLanguageLibrary();
+  DWORD_PTR ignored = 0;
+  SendMessageTimeoutW(GetDesktopWindow(), WM_SETTINGCHANGE, kTodayItemsChanged, 0, SMTO_ABORTIFHUNG, 5000,
+                      &ignored);
+  DestroyWindow(window);
+}
+
+}  // namespace
+
+void FreeLanguageLibrary() {
+  if (Shell().language != nullptr) FreeLibrary(Shell().language);
+  Shell().language = nullptr;
+}
+
+LRESULT OnMainCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  ShellState& shell = Shell();
+  if (SettingsPage* page = shell.slots[shell.currentPage].get()) page->OnCommand(window, message, wParam, lParam);
+  // The category list's and the filter panel's controls are handled here
+  // once slots 10 and 11 have their views.
+  if (reinterpret_cast<HWND>(lParam) == shell.selector && shell.selector != nullptr) {
+    if (HIWORD(wParam) == CBN_SELCHANGE)
+      SwitchPage(static_cast<int>(SendMessageW(shell.selector, CB_GETCURSEL, 0, 0)));
+    return 0;
+  }
+  switch (LOWORD(wParam)) {
+    case IDOK:
+      OnDone(window);
+      return 0;
+    case IDM_CANCEL:
+      OnCancel(window);
+      return 0;
+    case IDM_EXPORT:
+      OnExport(window);
+      return 0;
+    case IDM_IMPORT:
+      OnImport(window);
+      return 0;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+}  // namespace tw

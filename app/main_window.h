@@ -1,0 +1,37 @@
+// The main window: start-up, the window procedure and its handlers, the page
+// slots and the shell's commands. One file per job: startup.cpp,
+// main_window.cpp, page_slots.cpp, commands.cpp.
+#pragma once
+
+#include <windows.h>
+
+#include "pages/settings_page.h"
+
+namespace tw {
+
+// The registered message that tells the Today item to reload.
+inline constexpr wchar_t kSettingsChangedMessage[] = L"TidewellSettingsChanged";
+
+// WinMain's work: start page from the command line, instance set-up, the
+// message loop. Returns the exit code.
+int RunSettingsProgram(HINSTANCE instance, const wchar_t* commandLine, int showCommand);
+// "About" in any case selects the about page, anything else the first page.
+int StartPageFor(const wchar_t* commandLine);
+// Creates and shows the main window on the start page. Null when another
+// instance was brought to the front instead, or the window failed.
+HWND InitInstance(HINSTANCE instance, int startPage, int showCommand);
+
+LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+// page_slots.cpp
+extern const PageFactory kPageFactories[];
+void ShowPage(int index, int showCommand);
+void SwitchPage(int index);
+// Every page object in the order Done and window destruction use.
+void DestroyPages();
+
+// commands.cpp
+LRESULT OnMainCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+void FreeLanguageLibrary();
+
+}  // namespace tw

@@ -1,0 +1,52 @@
+#include "app/shell.h"
+
+#include "app/load_text.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/win32_text_library.h"
+
+namespace tw {
+
+ShellState& Shell() {
+  static ShellState state;
+  return state;
+}
+
+SettingsStore& Settings() {
+  static SettingsStore settings{};
+  return settings;
+}
+
+CategoryData& Categories() {
+  static CategoryData data;
+  return data;
+}
+
+ShellPlatform& Platform() {
+  static ShellPlatform platform;
+  return platform;
+}
+
+PreviewFontCache& PreviewFonts() {
+  static PreviewFontCache cache(Settings());
+  return cache;
+}
+
+PreviewImageSet& PreviewImages() {
+  static PreviewImageSet images;
+  return images;
+}
+
+WideString LanguageText(unsigned id) {
+  WideString text;
+  if (Shell().language == nullptr) return text;
+  Win32TextLibrary library(Shell().language);
+  LoadText(&library, id, text);
+  return text;
+}
+
+int ShowMessage(HWND owner, unsigned text, unsigned caption, UINT buttons) {
+  WideString body = LanguageText(text), title = LanguageText(caption);
+  return MessageBoxW(owner, AsWide(body.Text()), AsWide(title.Text()), buttons);
+}
+
+}  // namespace tw

@@ -1,0 +1,36 @@
+#include "pages/settings_page.h"
+
+#include "app/scaling.h"
+#include "app/shell.h"
+
+namespace tw {
+
+SettingsPage::~SettingsPage() {
+  for (HWND control : controls_) DestroyWindow(control);
+}
+
+HWND SettingsPage::AddControl(const wchar_t* className, const wchar_t* text, DWORD style, const RECT& area,
+                              int id, HFONT font) {
+  HWND control = CreateWindowExW(0, className, text, (style | WS_CHILD) & ~WS_VISIBLE, area.left, area.top,
+                                 area.right - area.left, area.bottom - area.top, context_.window,
+                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), context_.instance, nullptr);
+  if (control == nullptr) return nullptr;
+  SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+  controls_.push_back(control);
+  return control;
+}
+
+void SettingsPage::ShowControls(int showCommand) {
+  for (HWND control : controls_) ShowWindow(control, showCommand);
+}
+
+RECT SettingsPage::PageArea() const {
+  RECT client;
+  GetClientRect(context_.window, &client);
+  client.top = ScaleX(kHeaderBand) + ScaleX(1);
+  return client;
+}
+
+WideString SettingsPage::Text(unsigned id) const { return LanguageText(id); }
+
+}  // namespace tw

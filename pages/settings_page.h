@@ -1,0 +1,83 @@
+// The base of every page object in a slot of the main window, and the thin
+// layer through which the main window talks to it.
+//
+// How a page is added
+// -------------------
+// 1. Write pages/<area>_page.h/.cpp with a class derived from SettingsPage.
+//    Its constructor takes the PageContext, creates the page's controls with
+//    AddControl (hidden: the shell shows the page right after creating it)
+//    and fills them from Settings(). Controls lie in PageArea().
+// 2. Override Show(). The usual body is ShowControls(showCommand); a page
+//    with a tab strip shows its strip and the current sub-area only.
+// 3. Override only the entry points the page needs: OnCommand (WM_COMMAND,
+//    after which the shell still handles its own commands), OnNotify
+//    (WM_NOTIFY), Paint (after the header band, into the window's DC), OnTap
+//    (WM_LBUTTONDOWN in client coordinates) and ControlColour (static and
+//    button colours of the page's controls).
+// 4. The destructor of the derived class stores the controls' states into
+//    Settings(); the base destructor then destroys the controls. Never write
+//    the registry from a page: Done saves the record.
+// 5. Register the page's factory in the slot of app/page_table.cpp. Slots
+//    without a factory stay empty: selecting them shows nothing.
+// 6. Run the layout check (tests/ui/layout_check.h) on the page and each of
+//    its sub-areas at the three screen geometries.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <vector>
+
+#include "app/wide_string.h"
+#include "settings/settings_store.h"
+
+namespace tw {
+
+// What a page is created with: the main window, the instance, the two page fonts.
+struct PageContext {
+  HWND window;
+  HINSTANCE instance;
+  HFONT normalFont;
+  HFONT boldFont;
+};
+
+class SettingsPage {
+ public:
+  explicit SettingsPage(const PageContext& context) : context_(context) {}
+  SettingsPage(const SettingsPage&) = delete;
+  SettingsPage& operator=(const SettingsPage&) = delete;
+  // Destroys the controls; derived destructors store them into the record first.
+  virtual ~SettingsPage();
+
+  // SW_SHOW (5) to show, 0 to hide; includeTabStrip is 1 from the shell.
+  virtual void Show(int showCommand, bool includeTabStrip) = 0;
+  // True when the page has taken the command; the shell goes on either way.
+  virtual bool OnCommand(HWND, UINT, WPARAM, LPARAM) { return false; }
+  virtual LRESULT OnNotify(HWND, UINT, WPARAM, LPARAM) { return 0; }
+  virtual void Paint(HDC) {}
+  virtual void OnTap(int /*x*/, int /*y*/) {}
+  // Null leaves the shell's colours: black text on white, as on the device.
+  virtual HBRUSH ControlColour(HDC, HWND /*control*/) { return nullptr; }
+
+  const std::vector<HWND>& Controls() const { return controls_; }
+
+ protected:
+  const PageContext& context() const { return context_; }
+  // A child control of the main window in the page's font, hidden, kept for
+  // showing, hiding and destruction. Null if it cannot be created.
+  HWND AddControl(const wchar_t* className, const wchar_t* text, DWORD style, const RECT& area, int id,
+                  HFONT font);
+  void ShowControls(int showCommand);
+  // The part of the main window's client area below the header band.
+  RECT PageArea() const;
+  // A text of the language library.
+  WideString Text(unsigned id) const;
+
+ private:
+  PageContext context_;
+  std::vector<HWND> controls_;
+};
+
+using PageFactory = std::unique_ptr<SettingsPage> (*)(const PageContext&);
+
+}  // namespace tw

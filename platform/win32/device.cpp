@@ -1,0 +1,86 @@
+#include "platform/win32/device.h"
+
+#include <shlobj.h>
+
+#include <cstdlib>
+#include <cwchar>
+
+namespace tw::device {
+
+bool ParseScreenSize(const wchar_t* text, int& width, int& height) {
+  if (text == nullptr) return false;
+  wchar_t* end = nullptr;
+  long w = std::wcstol(text, &end, 10);
+  if (end == text || (*end != L'x' && *end != L'X')) return false;
+  const wchar_t* rest = end + 1;
+  long h = std::wcstol(rest, &end, 10);
+  if (end == rest || *end != 0 || w < 120 || h < 120 || w > 4096 || h > 4096) return false;
+  width = static_cast<int>(w);
+  height = static_cast<int>(h);
+  return true;
+}
+
+ScreenGeometry ScreenFor(int dpi) {
+  ScreenGeometry screen;
+  if (dpi <= 0) dpi = 96;
+  screen.width = (240 * dpi + 48) / 96;
+  screen.height = (320 * dpi + 48) / 96;
+  screen.strip = (26 * dpi + 48) / 96;
+  wchar_t text[32] = {};
+  if (GetEnvironmentVariableW(L"TIDEWELL_SCREEN", text, 32) > 0) ParseScreenSize(text, screen.width, screen.height);
+  return screen;
+}
+
+ScreenGeometry& Screen() {
+  static ScreenGeometry screen;
+  return screen;
+}
+
+HWND CreateFullScreenWindow(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style,
+                            HINSTANCE instance, void* parameter) {
+  // An overlapped top-level window would get a desktop caption: the device
+  // has none, so the window is a popup placed where the device puts it.
+  bool okButton = (exStyle & kExCaptionOkButton) != 0;
+  RECT work = Screen().Work();
+  HWND window = CreateWindowExW(exStyle & ~kExCaptionOkButton, className, title, style | WS_POPUP, work.left,
+                                work.top, work.right - work.left, work.bottom - work.top, nullptr, nullptr,
+                                instance, parameter);
+  if (window != nullptr && okButton) CreateTitleStrip(window);
+  return window;
+}
+
+void BringToFront(HWND window) {
+  // A desktop takes no tagged handle; owned windows follow their owner anyway.
+  auto plain = reinterpret_cast<HWND>(reinterpret_cast<UINT_PTR>(window) & ~static_cast<UINT_PTR>(1));
+  if (IsIconic(plain)) ShowWindow(plain, SW_RESTORE);
+  SetForegroundWindow(plain);
+}
+
+bool InitFullScreenDialog(HWND dialog) {
+  if (!IsWindow(dialog)) return false;
+  LONG_PTR style = GetWindowLongPtrW(dialog, GWL_STYLE);
+  style &= ~static_cast<LONG_PTR>(WS_CAPTION | WS_THICKFRAME | WS_SYSMENU | DS_MODALFRAME);
+  SetWindowLongPtrW(dialog, GWL_STYLE, style | WS_POPUP);
+  LONG_PTR exStyle = GetWindowLongPtrW(dialog, GWL_EXSTYLE);
+  SetWindowLongPtrW(dialog, GWL_EXSTYLE, exStyle & ~static_cast<LONG_PTR>(WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE));
+  RECT work = Screen().Work();
+  SetWindowPos(dialog, nullptr, work.left, work.top, work.right - work.left, work.bottom - work.top,
+               SWP_NOZORDER | SWP_FRAMECHANGED | SWP_NOACTIVATE);
+  return CreateTitleStrip(dialog) != nullptr;
+}
+
+void EnterDeviceFileSystem() {
+  wchar_t windows[MAX_PATH] = {};
+  UINT length = GetSystemWindowsDirectoryW(windows, MAX_PATH);
+  if (length < 3 || windows[1] != L':') return;
+  wchar_t root[] = {windows[0], L':', L'\\', 0};
+  SetCurrentDirectoryW(root);
+}
+
+std::wstring DocumentsFolder() {
+  wchar_t path[MAX_PATH] = {};
+  if (!SHGetSpecialFolderPathW(nullptr, path, CSIDL_PERSONAL, TRUE)) return L"";
+  return path;
+}
+
+}  // namespace tw::device

@@ -1,0 +1,90 @@
+// Driving the real main window inside the test process: the resource
+// libraries installed where the program looks for them, message boxes
+// answered from another thread, the settings-changed broadcast received by
+// a window of the test, and the taps of a user turned into messages.
+#pragma once
+
+#include <windows.h>
+
+#include <atomic>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/support/test_platform.h"
+
+namespace tw::test {
+
+// Answers every message box of this process: Yes/No boxes with the chosen
+// answer, others with OK. Keeps each box's caption and text in order.
+class MessageBoxAnswerer {
+ public:
+  MessageBoxAnswerer();
+  ~MessageBoxAnswerer();
+  void AnswerYesNo(int answer) { yesNo_ = answer; }
+  struct Box {
+    std::wstring caption, text;
+  };
+  std::vector<Box> Boxes();
+  void Forget();
+
+ private:
+  void Run();
+  std::atomic<int> yesNo_{IDYES};
+  std::atomic<bool> stop_{false};
+  std::mutex mutex_;
+  std::vector<Box> boxes_;
+  std::thread thread_;
+};
+
+// A top-level window that counts the registered settings-changed message.
+class BroadcastListener {
+ public:
+  BroadcastListener();
+  ~BroadcastListener();
+  int Received() const;
+
+ private:
+  HWND window_ = nullptr;
+};
+
+// Processes what is queued for this thread; a pending WM_QUIT is dropped.
+void Pump();
+// Polls (pumping) until the condition holds or about five seconds passed.
+template <typename Condition>
+bool WaitFor(Condition condition) {
+  for (int i = 0; i < 500; ++i) {
+    Pump();
+    if (condition()) return true;
+    Sleep(10);
+  }
+  return condition();
+}
+
+// The text of a language library string, as the program would show it.
+std::wstring EnglishText(unsigned id);
+
+class AppTest : public PlatformTest {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  // Instance set-up as the program does it, with the program's resources.
+  HWND Start(int startPage = 0);
+  HWND Window() const;
+  // The user picks a page in the selector.
+  void SelectPage(int page);
+  // A tap that sends the command (title strip OK, menu bar, menu item).
+  void Command(unsigned id);
+  // The record as saved, without the first-run notice.
+  void SkipFirstRunNotice();
+  std::u16string DocumentsFile() const { return u"\\twtest\\Documents\\TW_Settings.txt"; }
+  // The whole product tree as the export writes it, for comparing states.
+  std::string RegistrySnapshot();
+
+  MessageBoxAnswerer answerer_;
+  BroadcastListener listener_;
+};
+
+}  // namespace tw::test

@@ -1,0 +1,81 @@
+#include "tests/ui/layout_check.h"
+
+#include <algorithm>
+
+namespace tw::test {
+namespace {
+
+std::string Narrow(const wchar_t* text) {
+  int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+  std::string out(size > 0 ? size - 1 : 0, '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text, -1, out.data(), size, nullptr, nullptr);
+  return out;
+}
+
+RECT InParent(HWND control) {
+  RECT area;
+  GetWindowRect(control, &area);
+  MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&area), 2);
+  return area;
+}
+
+bool Contains(const RECT& outer, const RECT& inner) {
+  return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+         inner.bottom <= outer.bottom;
+}
+
+bool Allowed(std::span<const Containment> allowed, HWND a, HWND b) {
+  int idA = GetDlgCtrlID(a), idB = GetDlgCtrlID(b);
+  RECT ra = InParent(a), rb = InParent(b);
+  return std::any_of(allowed.begin(), allowed.end(), [&](const Containment& pair) {
+    return (pair.outer == idA && pair.inner == idB && Contains(ra, rb)) ||
+           (pair.outer == idB && pair.inner == idA && Contains(rb, ra));
+  });
+}
+
+std::vector<HWND> VisibleChildren(HWND parent) {
+  std::vector<HWND> children;
+  for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    if (IsWindowVisible(child)) children.push_back(child);
+  return children;
+}
+
+void Check(HWND parent, std::span<const Containment> allowed, std::vector<std::string>& faults) {
+  RECT client;
+  GetClientRect(parent, &client);
+  std::vector<HWND> children = VisibleChildren(parent);
+  for (size_t i = 0; i < children.size(); ++i) {
+    RECT area = InParent(children[i]);
+    if (area.right <= area.left || area.bottom <= area.top)
+      faults.push_back(DescribeControl(children[i]) + " has no area");
+    else if (!Contains(client, area))
+      faults.push_back(DescribeControl(children[i]) + " leaves its parent's client area (0,0)-(" +
+                       std::to_string(client.right) + "," + std::to_string(client.bottom) + ")");
+    for (size_t j = i + 1; j < children.size(); ++j) {
+      RECT other = InParent(children[j]), common;
+      if (IntersectRect(&common, &area, &other) && !Allowed(allowed, children[i], children[j]))
+        faults.push_back(DescribeControl(children[i]) + " overlaps " + DescribeControl(children[j]));
+    }
+    Check(children[i], allowed, faults);
+  }
+}
+
+}  // namespace
+
+std::string DescribeControl(HWND control) {
+  wchar_t name[64] = {}, text[64] = {};
+  GetClassNameW(control, name, 64);
+  GetWindowTextW(control, text, 64);
+  RECT area = InParent(control);
+  return Narrow(name) + " #" + std::to_string(GetDlgCtrlID(control)) + " '" + Narrow(text) + "' (" +
+         std::to_string(area.left) + "," + std::to_string(area.top) + ")-(" + std::to_string(area.right) + "," +
+         std::to_string(area.bottom) + ")";
+}
+
+std::vector<std::string> CheckLayout(HWND window, std::span<const Containment> allowed) {
+  std::vector<std::string> faults;
+  Check(window, allowed, faults);
+  return faults;
+}
+
+}  // namespace tw::test
