@@ -86,6 +86,7 @@ class PlaneWriter {
   }
   void Fill(std::size_t offset, std::size_t count, Pixel p) {
     count = Room(offset, count);
+    if (count == 0) return;  // no pointer into the planes past their end
     std::memset(&image_.red[offset], p.red, count);
     std::memset(&image_.green[offset], p.green, count);
     std::memset(&image_.blue[offset], p.blue, count);
@@ -94,6 +95,7 @@ class PlaneWriter {
   // Splits count stored pixels of bytesPerPixel (3 or 4) bytes each: b, g, r[, a].
   void Split(std::size_t offset, const std::uint8_t* bytes, std::size_t count, int bytesPerPixel) {
     count = Room(offset, count);
+    if (count == 0) return;  // no pointer into the planes past their end
     Planes planes{&image_.red[offset], &image_.green[offset], &image_.blue[offset], &image_.alpha[offset]};
     std::size_t i = 0;
     if (bytesPerPixel == 4) {
