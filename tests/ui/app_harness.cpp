@@ -72,7 +72,9 @@ void MessageBoxAnswerer::Run() {
           return TRUE;
         },
         reinterpret_cast<LPARAM>(&boxes));
-    std::erase_if(answered, [](HWND box) { return !IsWindow(box) || !IsWindowVisible(box); });
+    // A box stays answered until it is gone: one that is hiding must not
+    // count as a new box with no text.
+    std::erase_if(answered, [](HWND box) { return !IsWindow(box); });
     for (HWND box : boxes) {
       if (std::find(answered.begin(), answered.end(), box) != answered.end()) continue;
       answered.push_back(box);
@@ -83,6 +85,7 @@ void MessageBoxAnswerer::Run() {
       text[0] = 0;
       GetDlgItemTextW(box, 0xFFFF, text, 1024);
       seen.text = text;
+      if (!IsOwnVisibleBox(box)) continue;  // closed while being read
       {
         std::lock_guard<std::mutex> lock(mutex_);
         boxes_.push_back(seen);

@@ -14,6 +14,7 @@
 #include "settings/schema.h"
 #include "settings/settings_io.h"
 #include "tests/ui/app_harness.h"
+#include "tests/ui/layout_check.h"
 
 namespace tw::test {
 namespace {
@@ -236,6 +237,40 @@ TEST_F(ShellTest, AboutCommandLine) {
   EXPECT_EQ(StartPageFor(L"About "), kFirstPage);
   EXPECT_EQ(StartPageFor(L""), kFirstPage);
 }
+
+}  // namespace
+}  // namespace tw::test
+
+namespace tw::test {
+namespace {
+
+struct Screen {
+  const wchar_t* size;
+  int dpi;
+  int clientWidth, clientHeight;
+};
+
+class EveryPageTest : public AppTest, public ::testing::WithParamInterface<Screen> {};
+
+// Every page as it exists, at each geometry: pages added later are checked
+// here as soon as their slot has a factory.
+TEST_P(EveryPageTest, FitsTheWindow) {
+  SetEnvironmentVariableW(L"TIDEWELL_SCREEN", GetParam().size);
+  gScreen.dpiX = gScreen.dpiY = GetParam().dpi;
+  ASSERT_NE(Start(), nullptr);
+  RECT client;
+  GetClientRect(Window(), &client);
+  EXPECT_EQ(client.right, GetParam().clientWidth);
+  EXPECT_EQ(client.bottom, GetParam().clientHeight);
+  for (int page = 0; page < kPageCount; ++page) {
+    SelectPage(page);
+    for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << "page " << page << ": " << fault;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, EveryPageTest,
+                         ::testing::Values(Screen{L"240x320", 96, 240, 268}, Screen{L"320x240", 96, 320, 188},
+                                           Screen{L"480x640", 192, 480, 536}));
 
 }  // namespace
 }  // namespace tw::test

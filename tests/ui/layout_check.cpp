@@ -40,6 +40,40 @@ std::vector<HWND> VisibleChildren(HWND parent) {
   return children;
 }
 
+bool OwnProcess(HWND window) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  return process == GetCurrentProcessId();
+}
+
+// A label or button whose text needs more room than the control gives it.
+// Fonts are only readable in their own process.
+bool TextCutOff(HWND control) {
+  wchar_t name[32] = {}, text[512] = {};
+  GetClassNameW(control, name, 32);
+  bool isStatic = lstrcmpiW(name, L"Static") == 0, isButton = lstrcmpiW(name, L"Button") == 0;
+  if ((!isStatic && !isButton) || !OwnProcess(control) || GetWindowTextW(control, text, 512) == 0) return false;
+  LONG style = GetWindowLongW(control, GWL_STYLE);
+  if (isStatic && (style & SS_TYPEMASK) > SS_RIGHT) return false;  // pictures, frames, owner-drawn
+  RECT room;
+  GetClientRect(control, &room);
+  if (isButton) {
+    LONG kind = style & BS_TYPEMASK;
+    if (kind == BS_GROUPBOX || kind == BS_OWNERDRAW) return false;
+    if (kind != BS_PUSHBUTTON && kind != BS_DEFPUSHBUTTON) room.right -= GetSystemMetrics(SM_CXMENUCHECK) + 4;
+    else InflateRect(&room, -4, -3);  // the push button's edge
+  }
+  HDC dc = GetDC(control);
+  HGDIOBJ old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+  RECT needed = {0, 0, room.right - room.left, 0};
+  bool wraps = isStatic && !(style & SS_LEFTNOWORDWRAP) && (style & SS_TYPEMASK) != SS_SIMPLE;
+  UINT flags = DT_CALCRECT | DT_NOPREFIX | (wraps || (isButton && (style & BS_MULTILINE)) ? DT_WORDBREAK : DT_SINGLELINE);
+  DrawTextW(dc, text, -1, &needed, flags);
+  SelectObject(dc, old);
+  ReleaseDC(control, dc);
+  return needed.right > room.right - room.left || needed.bottom > room.bottom - room.top;
+}
+
 void Check(HWND parent, std::span<const Containment> allowed, std::vector<std::string>& faults) {
   RECT client;
   GetClientRect(parent, &client);
@@ -51,6 +85,7 @@ void Check(HWND parent, std::span<const Containment> allowed, std::vector<std::s
     else if (!Contains(client, area))
       faults.push_back(DescribeControl(children[i]) + " leaves its parent's client area (0,0)-(" +
                        std::to_string(client.right) + "," + std::to_string(client.bottom) + ")");
+    if (TextCutOff(children[i])) faults.push_back(DescribeControl(children[i]) + " cuts its text off");
     for (size_t j = i + 1; j < children.size(); ++j) {
       RECT other = InParent(children[j]), common;
       if (IntersectRect(&common, &area, &other) && !Allowed(allowed, children[i], children[j]))

@@ -1,6 +1,7 @@
 // The layout rule every window and page keeps at every screen geometry:
 // each visible control lies inside its parent's client area, and no two
-// visible sibling controls overlap unless one is meant to contain the other.
+// visible sibling controls overlap unless one is meant to contain the other;
+// labels and buttons of this process have room for their text.
 // Works across processes, so it also checks the running program.
 #pragma once
 
