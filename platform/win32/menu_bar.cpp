@@ -47,7 +47,7 @@ LRESULT OnCreate(HWND bar, const CREATESTRUCTW* create) {
   state->toolBar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
                                    WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NORESIZE |
                                        CCS_NOPARENTALIGN | CCS_NODIVIDER,
-                                   0, 0, create->cx, create->cy, bar, nullptr, create->hInstance, nullptr);
+                                   0, 1, create->cx, create->cy - 1, bar, nullptr, create->hInstance, nullptr);
   if (state->toolBar == nullptr) return -1;
   SendMessageW(state->toolBar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   state->font = CreateFontW(-(create->cy * 9 / 20), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0,
@@ -91,6 +91,17 @@ void OnDestroy(HWND bar) {
   delete state;
 }
 
+// A line along the top divides the bar from the window above it.
+void OnPaint(HWND bar) {
+  PAINTSTRUCT paint;
+  HDC dc = BeginPaint(bar, &paint);
+  RECT line;
+  GetClientRect(bar, &line);
+  line.bottom = 1;
+  FillRect(dc, &line, GetSysColorBrush(COLOR_BTNSHADOW));
+  EndPaint(bar, &paint);
+}
+
 bool IsToolBarMessage(UINT message) { return message >= WM_USER && message < WM_USER + 200; }
 
 LRESULT CALLBACK MenuBarProc(HWND bar, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -99,6 +110,9 @@ LRESULT CALLBACK MenuBarProc(HWND bar, UINT message, WPARAM wParam, LPARAM lPara
       return OnCreate(bar, reinterpret_cast<const CREATESTRUCTW*>(lParam));
     case WM_COMMAND:
       OnCommand(bar, wParam);
+      return 0;
+    case WM_PAINT:
+      OnPaint(bar);
       return 0;
     case WM_DESTROY:
       OnDestroy(bar);

@@ -8,6 +8,7 @@
 #include "app/main_window.h"
 #include "app/scaling.h"
 #include "app/shell.h"
+#include "pages/about_page.h"
 #include "platform/win32/device.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
@@ -231,11 +232,10 @@ TEST_F(ShellTest, LanguageLibraryFromTheSettingElseEnglish) {
   EXPECT_EQ(SelectorText(0), EnglishText(40220));
 }
 
-TEST_F(ShellTest, AboutCommandLine) {
-  EXPECT_EQ(StartPageFor(L"About"), kAboutPage);
-  EXPECT_EQ(StartPageFor(L"aBOUT"), kAboutPage);
-  EXPECT_EQ(StartPageFor(L"About "), kFirstPage);
-  EXPECT_EQ(StartPageFor(L""), kFirstPage);
+TEST_F(ShellTest, BuildDateReadsNaturally) {
+  EXPECT_EQ(FormatBuildDate("Nov  2 2026"), u"2 November 2026");
+  EXPECT_EQ(FormatBuildDate("Dec 31 2025"), u"31 December 2025");
+  EXPECT_EQ(FormatBuildDate("someday"), u"someday");
 }
 
 }  // namespace
