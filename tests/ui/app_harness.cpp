@@ -162,7 +162,10 @@ void AppTest::TearDown() {
     RegSetValueExW(folders, L"Personal", 0, REG_EXPAND_SZ, reinterpret_cast<const BYTE*>(profile), sizeof profile);
     RegCloseKey(folders);
   }
+  // Later suites of this process scale without the record's VGA mode.
   gScreen.dpiX = gScreen.dpiY = 96;
+  gScreen.vgaMode = nullptr;
+  files().Delete(u"\\Program Files\\Orvex\\Tidewell\\TWFilters.txt");
   PlatformTest::TearDown();
 }
 
