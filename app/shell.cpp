@@ -1,6 +1,7 @@
 #include "app/shell.h"
 
 #include "app/load_text.h"
+#include "platform/win32/device.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win32_text_library.h"
 
@@ -46,7 +47,7 @@ WideString LanguageText(unsigned id) {
 
 int ShowMessage(HWND owner, unsigned text, unsigned caption, UINT buttons) {
   WideString body = LanguageText(text), title = LanguageText(caption);
-  return MessageBoxW(owner, AsWide(body.Text()), AsWide(title.Text()), buttons);
+  return device::ShowMessageBox(owner, AsWide(body.Text()), AsWide(title.Text()), buttons);
 }
 
 }  // namespace tw

@@ -77,6 +77,40 @@ void EnterDeviceFileSystem() {
   SetCurrentDirectoryW(root);
 }
 
+namespace {
+
+thread_local HHOOK gBoxHook = nullptr;
+thread_local int gBoxDepth = 0;
+
+LRESULT CALLBACK CentreBoxOnScreen(int code, WPARAM wParam, LPARAM lParam) {
+  if (code == HCBT_ACTIVATE) {
+    auto box = reinterpret_cast<HWND>(wParam);
+    wchar_t name[16] = {};
+    GetClassNameW(box, name, 16);
+    if (lstrcmpW(name, L"#32770") == 0) {
+      RECT area;
+      GetWindowRect(box, &area);
+      const ScreenGeometry& screen = Screen();
+      int x = (screen.width - (area.right - area.left)) / 2, y = (screen.height - (area.bottom - area.top)) / 2;
+      SetWindowPos(box, nullptr, x > 0 ? x : 0, y > 0 ? y : 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+  }
+  return CallNextHookEx(gBoxHook, code, wParam, lParam);
+}
+
+}  // namespace
+
+int ShowMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT type) {
+  // Boxes may nest (one shown while painting under another): one hook serves all.
+  if (gBoxDepth++ == 0) gBoxHook = SetWindowsHookExW(WH_CBT, CentreBoxOnScreen, nullptr, GetCurrentThreadId());
+  int answer = MessageBoxW(owner, text, caption, type);
+  if (--gBoxDepth == 0 && gBoxHook != nullptr) {
+    UnhookWindowsHookEx(gBoxHook);
+    gBoxHook = nullptr;
+  }
+  return answer;
+}
+
 std::wstring DocumentsFolder() {
   wchar_t path[MAX_PATH] = {};
   if (!SHGetSpecialFolderPathW(nullptr, path, CSIDL_PERSONAL, TRUE)) return L"";

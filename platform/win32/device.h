@@ -57,6 +57,9 @@ HWND CreateMenuBar(HWND owner, HINSTANCE menuModule, UINT menuId);
 // gets a title strip whose OK sends it IDOK.
 bool InitFullScreenDialog(HWND dialog);
 
+// MessageBoxW shown where the device shows it: centred on the device screen.
+int ShowMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT type);
+
 // The title strip of a window: its text and the OK button (IDOK to owner).
 HWND CreateTitleStrip(HWND owner);
 

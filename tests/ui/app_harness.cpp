@@ -78,13 +78,14 @@ void MessageBoxAnswerer::Run() {
     for (HWND box : boxes) {
       if (std::find(answered.begin(), answered.end(), box) != answered.end()) continue;
       answered.push_back(box);
-      Box seen;
+      Box seen = {};
       wchar_t text[1024] = {};
       GetWindowTextW(box, text, 1024);
       seen.caption = text;
       text[0] = 0;
       GetDlgItemTextW(box, 0xFFFF, text, 1024);
       seen.text = text;
+      GetWindowRect(box, &seen.area);
       if (!IsOwnVisibleBox(box)) continue;  // closed while being read
       {
         std::lock_guard<std::mutex> lock(mutex_);

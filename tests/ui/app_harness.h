@@ -25,6 +25,7 @@ class MessageBoxAnswerer {
   void AnswerYesNo(int answer) { yesNo_ = answer; }
   struct Box {
     std::wstring caption, text;
+    RECT area;  // on the screen
   };
   std::vector<Box> Boxes();
   void Forget();

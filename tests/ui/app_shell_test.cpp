@@ -149,7 +149,10 @@ TEST_F(ShellTest, CancelAsksAndSavesNothing) {
   Command(IDM_CANCEL);
   EXPECT_EQ(Window(), nullptr);
   const std::wstring question = EnglishText(40217) + L": " + EnglishText(40216);
-  EXPECT_EQ(Captions(answerer_), (std::vector<std::wstring>{question, question}));
+  ASSERT_EQ(Captions(answerer_), (std::vector<std::wstring>{question, question}));
+  RECT box = answerer_.Boxes()[0].area;
+  EXPECT_TRUE(box.left >= 0 && box.top >= 0 && box.right <= 240 && box.bottom <= 320)
+      << "boxes stand on the device screen: " << box.left << "," << box.top << "-" << box.right << "," << box.bottom;
   EXPECT_EQ(RegistrySnapshot(), before);
   Pump();
   EXPECT_EQ(listener_.Received(), 0);
