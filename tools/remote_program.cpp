@@ -63,7 +63,8 @@ bool ReadWindowNames(const std::wstring& exe, std::wstring& className, std::wstr
 }
 
 bool StartProgram(const std::wstring& exe, const std::wstring& arguments, RemoteProgram& program) {
-  std::wstring folder = exe.substr(0, exe.find_last_of(L"\\/") == std::wstring::npos ? 0 : exe.find_last_of(L"\\/"));
+  size_t slash = exe.find_last_of(L"\\/");
+  std::wstring folder = slash == std::wstring::npos ? L"" : exe.substr(0, slash);
   std::wstring commandLine = L"\"" + exe + L"\"";
   if (!arguments.empty()) commandLine += L" " + arguments;
   STARTUPINFOW startup{};
