@@ -18,7 +18,8 @@ constexpr COLORREF kLastLineColour = 0xA0A0A0;
 // Layout in 96-dpi units below the header band.
 constexpr int kTopMargin = 20, kSideMargin = 6, kLineHeight = 16, kGroupGap = 10;
 
-enum ControlId { IDL_ABOUT_FIRST = 1200 };
+// Labels, one per line, numbered from here.
+enum ControlId { IDT_ABOUT_FIRST = 1200 };
 
 }  // namespace
 
@@ -45,9 +46,9 @@ AboutPage::AboutPage(const PageContext& context) : SettingsPage(context) {
   std::u16string lines[] = {std::u16string(kProduct) + u" " + kVersion, FormatBuildDate(__DATE__) + kBuildSuffix,
                             kContactLines[0], kContactLines[1], kContactLines[2]};
   int top = area.top + ScaleY(kTopMargin);
-  int id = IDL_ABOUT_FIRST;
+  int id = IDT_ABOUT_FIRST;
   for (const std::u16string& line : lines) {
-    if (id == IDL_ABOUT_FIRST + 2) top += ScaleY(kGroupGap);  // the maker's lines stand apart
+    if (id == IDT_ABOUT_FIRST + 2) top += ScaleY(kGroupGap);  // the maker's lines stand apart
     RECT at = {area.left + ScaleX(kSideMargin), top, area.right - ScaleX(kSideMargin), top + ScaleY(kLineHeight)};
     lastLine_ = AddControl(L"STATIC", AsWide(line.c_str()), SS_CENTER | SS_NOPREFIX, at, id++,
                            context.normalFont);
