@@ -79,9 +79,9 @@ LRESULT OnMainCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (SettingsPage* page = shell.slots[shell.currentPage].get()) page->OnCommand(window, message, wParam, lParam);
   // The category list's and the filter panel's controls are handled here
   // once slots 10 and 11 have their views.
-  if (reinterpret_cast<HWND>(lParam) == shell.selector && shell.selector != nullptr) {
-    if (HIWORD(wParam) == CBN_SELCHANGE)
-      SwitchPage(static_cast<int>(SendMessageW(shell.selector, CB_GETCURSEL, 0, 0)));
+  if (shell.selector != nullptr && reinterpret_cast<HWND>(lParam) == shell.selector &&
+      HIWORD(wParam) == CBN_SELCHANGE) {
+    SwitchPage(static_cast<int>(SendMessageW(shell.selector, CB_GETCURSEL, 0, 0)));
     return 0;
   }
   switch (LOWORD(wParam)) {
