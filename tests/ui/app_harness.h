@@ -52,10 +52,10 @@ class BroadcastListener {
 
 // Processes what is queued for this thread; a pending WM_QUIT is dropped.
 void Pump();
-// Polls (pumping) until the condition holds or about five seconds passed.
+// Polls (pumping) until the condition holds or the time (in ms) has passed.
 template <typename Condition>
-bool WaitFor(Condition condition) {
-  for (int i = 0; i < 500; ++i) {
+bool WaitFor(Condition condition, int milliseconds = 5000) {
+  for (int i = 0; i < milliseconds / 10; ++i) {
     Pump();
     if (condition()) return true;
     Sleep(10);
