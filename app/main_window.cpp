@@ -18,6 +18,8 @@ namespace {
 
 constexpr COLORREF kHeaderColour = 0xEFC6A4;
 constexpr COLORREF kHeaderIconTransparent = 0x0000FF;
+constexpr COLORREF kCategoryPageColour = 0x323232;
+constexpr UINT kCategoryListCaption = 40232;
 constexpr COLORREF kMenuButtonMask = 0xC6CFDE;
 constexpr UINT kFontsMenuText = 40201;
 constexpr UINT kFirstRunText = 40218, kFirstRunCaption = 40219;
@@ -138,6 +140,23 @@ void PaintHeader(HDC dc) {
   DeleteObject(icon);
 }
 
+// The category list and the filter panel sit on a dark page that the shell
+// paints itself, the list's caption included.
+void PaintCategoryPage(HDC dc, int page) {
+  RECT area = {0, ScaleX(kHeaderBand) + ScaleX(1), Shell().clientRect.right, Shell().clientRect.bottom};
+  HBRUSH fill = CreateSolidBrush(kCategoryPageColour);
+  FillRect(dc, &area, fill);
+  DeleteObject(fill);
+  if (page != kCategoryListPage) return;
+  WideString caption = LanguageText(kCategoryListCaption);
+  HGDIOBJ oldFont = SelectObject(dc, Shell().normalFont);
+  SetTextColor(dc, RGB(255, 255, 255));
+  SetBkMode(dc, TRANSPARENT);
+  RECT text = {ScaleX(6), area.top + ScaleX(4), area.right - ScaleX(6), area.top + ScaleX(20)};
+  DrawTextW(dc, AsWide(caption.Text()), caption.Length(), &text, DT_LEFT | DT_SINGLELINE | DT_END_ELLIPSIS);
+  SelectObject(dc, oldFont);
+}
+
 void OnPaint(HWND window) {
   ShowFirstRunMessage(window);
   PAINTSTRUCT paint;
@@ -145,7 +164,9 @@ void OnPaint(HWND window) {
   GetClientRect(window, &Shell().clientRect);
   FillRect(dc, &Shell().clientRect, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
   PaintHeader(dc);
-  if (SettingsPage* page = Shell().slots[Shell().currentPage].get()) page->Paint(dc);
+  int current = Shell().currentPage;
+  if (current == kCategoryListPage || current == kFilterPanelPage) PaintCategoryPage(dc, current);
+  else if (SettingsPage* page = Shell().slots[current].get()) page->Paint(dc);
   EndPaint(window, &paint);
 }
 

@@ -94,6 +94,25 @@ TEST_F(ShellTest, ChoosingThePageTwiceCreatesItOnce) {
   for (HWND control : controls) EXPECT_TRUE(IsWindow(control) && IsWindowVisible(control));
 }
 
+TEST_F(ShellTest, CategoryPagesArePaintedDarkByTheShell) {
+  ASSERT_NE(Start(), nullptr);
+  auto pagePixel = [&] {
+    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    RECT client;
+    GetClientRect(Window(), &client);
+    HDC dc = GetDC(Window());
+    COLORREF colour = GetPixel(dc, client.right / 2, client.bottom - 4);
+    ReleaseDC(Window(), dc);
+    return colour;
+  };
+  EXPECT_EQ(pagePixel(), RGB(255, 255, 255));
+  for (int page : {10, 11}) {
+    SelectPage(page);
+    EXPECT_EQ(pagePixel(), RGB(0x32, 0x32, 0x32)) << "page " << page;
+    EXPECT_EQ(Shell().slots[page], nullptr) << "no page object in slot " << page;
+  }
+}
+
 TEST_F(ShellTest, FontSizeCommandOnlyOnTheFontsPage) {
   ASSERT_NE(Start(), nullptr);
   ASSERT_NE(ToolsMenu(), nullptr);
