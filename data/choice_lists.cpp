@@ -51,4 +51,13 @@ ChoiceList ListSkins(FileSystem& files, std::u16string_view skinsFolder, std::u1
   return skins;
 }
 
+ChoiceList ListFontFaces(const std::vector<std::u16string>& faces, std::u16string_view currentFace) {
+  ChoiceList list;
+  for (const std::u16string& face : faces) {
+    if (list.selected < 0 && face == currentFace) list.selected = static_cast<int>(list.entries.size());
+    list.entries.push_back({face, static_cast<std::int32_t>(list.entries.size())});
+  }
+  return list;
+}
+
 }  // namespace tw

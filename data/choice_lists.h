@@ -42,4 +42,8 @@ LanguageChoices ListLanguages(FileSystem& files, LibraryLoader& loader, std::u16
 // named like the current skin selected. No folder gives "Default" alone.
 ChoiceList ListSkins(FileSystem& files, std::u16string_view skinsFolder, std::u16string_view currentSkin);
 
+// The device's font faces as enumerated, duplicates kept; the entry equal to
+// the current face (exactly) selected, none when it is not installed.
+ChoiceList ListFontFaces(const std::vector<std::u16string>& faces, std::u16string_view currentFace);
+
 }  // namespace tw

@@ -15,12 +15,18 @@ if [ ! -f "$WINEPREFIX/system.reg" ]; then
   mkdir -p "$WINEPREFIX"
   "$WINE" wineboot -i >/dev/null 2>&1
   wineserver -w
-  # Debian's Wine does not load its own fonts: without these there is no Tahoma.
-  mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
-  cp /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
   # Without a window manager, unmanaged windows hide and close without a 2 s wait.
   "$WINE" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
   wineserver -w
+fi
+
+# Debian's Wine does not load its own fonts: without these there is no Tahoma
+# (a request for it silently gives another face). Checked on every use, since
+# a prefix can lose them.
+fonts="$WINEPREFIX/drive_c/windows/Fonts"
+if [ ! -f "$fonts/tahoma.ttf" ]; then
+  mkdir -p "$fonts"
+  cp /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$fonts/"
 fi
 
 # A persistent server, warmed by one command whose output goes nowhere, so
