@@ -2,12 +2,16 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace tw {
 
+// UTF-8 to UTF-16; a byte that starts no well-formed sequence is taken as
+// its Windows-1252 character, so 8-bit text from older files survives.
 std::u16string Utf8ToUtf16(std::string_view text);
+std::u16string Utf8ToUtf16(std::span<const std::uint8_t> bytes);
 std::string Utf16ToUtf8(std::u16string_view text);
 
 // wcstol with a 32-bit long, as on the device: leading white space, an

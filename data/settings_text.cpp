@@ -1,61 +1,9 @@
 #include "data/settings_text.h"
 
+#include "app/text.h"
+
 namespace tw {
 namespace {
-
-// Windows-1252 for 0x80..0x9F; the five unassigned bytes stand for themselves.
-constexpr char16_t kWindows1252High[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-char16_t FromWindows1252(std::uint8_t byte) {
-  return byte >= 0x80 && byte < 0xA0 ? kWindows1252High[byte - 0x80] : byte;
-}
-
-void AppendCodePoint(std::u16string& out, char32_t code) {
-  if (code >= 0x10000) {
-    code -= 0x10000;
-    out.push_back(static_cast<char16_t>(0xD800 + (code >> 10)));
-    out.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
-  } else {
-    out.push_back(static_cast<char16_t>(code));
-  }
-}
-
-// Length of the well-formed UTF-8 sequence at bytes[i] (0 if there is none)
-// and its code point.
-std::size_t Utf8Sequence(std::span<const std::uint8_t> bytes, std::size_t i, char32_t& code) {
-  std::uint8_t lead = bytes[i];
-  std::size_t length = lead < 0x80 ? 1 : lead >= 0xC2 && lead <= 0xDF ? 2
-                       : lead >= 0xE0 && lead <= 0xEF ? 3 : lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
-  if (length == 0 || i + length > bytes.size()) return 0;
-  code = length == 1 ? lead : lead & (0x7F >> length);
-  for (std::size_t k = 1; k < length; ++k) {
-    if ((bytes[i + k] & 0xC0) != 0x80) return 0;
-    code = code << 6 | (bytes[i + k] & 0x3F);
-  }
-  static constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
-  bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-  return code < kSmallest[length] || code > 0x10FFFF || surrogate ? 0 : length;
-}
-
-std::u16string DecodeUtf8(std::span<const std::uint8_t> bytes) {
-  std::u16string out;
-  out.reserve(bytes.size());
-  for (std::size_t i = 0; i < bytes.size();) {
-    char32_t code = 0;
-    std::size_t length = Utf8Sequence(bytes, i, code);
-    if (length == 0) {
-      out.push_back(FromWindows1252(bytes[i]));
-      ++i;
-    } else {
-      AppendCodePoint(out, code);
-      i += length;
-    }
-  }
-  return out;
-}
 
 std::u16string DecodeUtf16(std::span<const std::uint8_t> bytes, bool bigEndian) {
   std::u16string out;
@@ -137,7 +85,7 @@ std::u16string DecodeSettingsText(std::span<const std::uint8_t> bytes) {
   std::size_t markLength = 0;
   Encoding encoding = Detect(bytes, markLength);
   bytes = bytes.subspan(markLength);
-  return JoinLineEnds(encoding == Encoding::Utf8 ? DecodeUtf8(bytes)
+  return JoinLineEnds(encoding == Encoding::Utf8 ? Utf8ToUtf16(bytes)
                                                  : DecodeUtf16(bytes, encoding == Encoding::Utf16Be));
 }
 
