@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "app/main_window.h"
 #include "app/scaling.h"
 #include "app/shell.h"
@@ -16,22 +19,17 @@
 namespace tw::test {
 namespace {
 
-constexpr wchar_t kShellFolders[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
-constexpr wchar_t kDocuments[] = L"C:\\twtest\\Documents";
+constexpr char16_t kShellFolders[] = u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
 
 void InstallResourceLibraries() {
   static bool installed = false;
-  if (installed) return;
-  installed = true;
-  const wchar_t* folders[] = {L"C:\\Program Files\\Orvex", L"C:\\Program Files\\Orvex\\Tidewell",
-                              L"C:\\Program Files\\Orvex\\Tidewell\\LangRes"};
-  for (const wchar_t* folder : folders) CreateDirectoryW(folder, nullptr);
-  const wchar_t* files[] = {L"LowDpiRes.dll", L"HighDpiRes.dll", L"LangRes\\CPEngRc.dll", L"LangRes\\CPDeuRc.dll"};
-  for (const wchar_t* file : files) {
-    std::wstring from = std::wstring(TW_LIBRARY_FOLDER) + L"\\" + file;
-    std::wstring to = std::wstring(L"C:\\Program Files\\Orvex\\Tidewell\\") + file;
-    CopyFileW(from.c_str(), to.c_str(), FALSE);
-  }
+  if (std::exchange(installed, true)) return;
+  const std::wstring target = L"C:\\Program Files\\Orvex\\Tidewell\\";
+  for (const wchar_t* folder : {L"C:\\Program Files\\Orvex", L"C:\\Program Files\\Orvex\\Tidewell"})
+    CreateDirectoryW(folder, nullptr);
+  CreateDirectoryW((target + L"LangRes").c_str(), nullptr);
+  for (const wchar_t* file : {L"LowDpiRes.dll", L"HighDpiRes.dll", L"LangRes\\CPEngRc.dll", L"LangRes\\CPDeuRc.dll"})
+    CopyFileW((TW_LIBRARY_FOLDER L"\\" + std::wstring(file)).c_str(), (target + file).c_str(), FALSE);
 }
 
 HINSTANCE ProgramResources() {
@@ -39,13 +37,7 @@ HINSTANCE ProgramResources() {
   return module;
 }
 
-bool IsOwnVisibleBox(HWND window) {
-  wchar_t name[16] = {};
-  DWORD process = 0;
-  GetWindowThreadProcessId(window, &process);
-  return process == GetCurrentProcessId() && IsWindowVisible(window) && GetClassNameW(window, name, 16) &&
-         lstrcmpW(name, L"#32770") == 0;
-}
+MessageBoxAnswerer* gAnswerer = nullptr;
 
 LRESULT CALLBACK ListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   static UINT changed = RegisterWindowMessageW(kSettingsChangedMessage);
@@ -55,71 +47,40 @@ LRESULT CALLBACK ListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM l
 
 }  // namespace
 
-MessageBoxAnswerer::MessageBoxAnswerer() : thread_([this] { Run(); }) {}
-
-MessageBoxAnswerer::~MessageBoxAnswerer() {
-  stop_ = true;
-  thread_.join();
+MessageBoxAnswerer::MessageBoxAnswerer() : hook_(SetWindowsHookExW(WH_CBT, Hook, nullptr, GetCurrentThreadId())) {
+  gAnswerer = this;
 }
 
-void MessageBoxAnswerer::Run() {
-  std::vector<HWND> answered;
-  while (!stop_) {
-    std::vector<HWND> boxes;
-    EnumWindows(
-        [](HWND window, LPARAM found) {
-          if (IsOwnVisibleBox(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&boxes));
-    // A box stays answered until it is gone: one that is hiding must not
-    // count as a new box with no text.
-    std::erase_if(answered, [](HWND box) { return !IsWindow(box); });
-    for (HWND box : boxes) {
-      if (std::find(answered.begin(), answered.end(), box) != answered.end()) continue;
-      answered.push_back(box);
-      Box seen = {};
-      wchar_t text[1024] = {};
-      GetWindowTextW(box, text, 1024);
-      seen.caption = text;
-      text[0] = 0;
-      GetDlgItemTextW(box, 0xFFFF, text, 1024);
-      seen.text = text;
-      GetWindowRect(box, &seen.area);
-      if (!IsOwnVisibleBox(box)) continue;  // closed while being read
-      {
-        std::lock_guard<std::mutex> lock(mutex_);
-        boxes_.push_back(seen);
-      }
-      int answer = GetDlgItem(box, IDYES) != nullptr ? yesNo_.load() : IDOK;
-      PostMessageW(box, WM_COMMAND, answer, 0);
-    }
-    Sleep(5);
+// A message box is a dialog with its text in control 0xFFFF; by its
+// activation it has its text and its place.
+LRESULT CALLBACK MessageBoxAnswerer::Hook(int code, WPARAM wParam, LPARAM lParam) {
+  auto box = reinterpret_cast<HWND>(wParam);
+  wchar_t name[16] = {}, caption[1024] = {}, text[1024] = {};
+  if (code == HCBT_ACTIVATE && box != gAnswerer->last_ && GetClassNameW(box, name, 16) &&
+      lstrcmpW(name, L"#32770") == 0 && GetDlgItemTextW(box, 0xFFFF, text, 1024) > 0) {
+    gAnswerer->last_ = box;
+    GetWindowTextW(box, caption, 1024);
+    gAnswerer->boxes.push_back({caption, text, {}});
+    GetWindowRect(box, &gAnswerer->boxes.back().area);
+    PostMessageW(box, WM_COMMAND, GetDlgItem(box, IDYES) != nullptr ? gAnswerer->yesNo_ : IDOK, 0);
   }
+  return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-std::vector<MessageBoxAnswerer::Box> MessageBoxAnswerer::Boxes() {
-  std::lock_guard<std::mutex> lock(mutex_);
-  return boxes_;
-}
-
-void MessageBoxAnswerer::Forget() {
-  std::lock_guard<std::mutex> lock(mutex_);
-  boxes_.clear();
+std::vector<std::wstring> MessageBoxAnswerer::Seen() const {
+  std::vector<std::wstring> seen;
+  for (const Box& box : boxes) seen.push_back(box.caption + L": " + box.text);
+  return seen;
 }
 
 BroadcastListener::BroadcastListener() {
-  WNDCLASSW wc = {};
-  wc.lpfnWndProc = ListenerProc;
-  wc.hInstance = GetModuleHandleW(nullptr);
-  wc.lpszClassName = L"TwTestBroadcastListener";
-  RegisterClassW(&wc);
-  window_ = CreateWindowExW(0, wc.lpszClassName, L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, wc.hInstance, nullptr);
+  WNDCLASSW type = {};
+  type.lpfnWndProc = ListenerProc;
+  type.hInstance = GetModuleHandleW(nullptr);
+  type.lpszClassName = L"TwTestBroadcastListener";
+  RegisterClassW(&type);
+  window_ = CreateWindowExW(0, type.lpszClassName, L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, type.hInstance, nullptr);
 }
-
-BroadcastListener::~BroadcastListener() { DestroyWindow(window_); }
-
-int BroadcastListener::Received() const { return static_cast<int>(GetWindowLongPtrW(window_, GWLP_USERDATA)); }
 
 void Pump() {
   MSG message;
@@ -131,10 +92,9 @@ void Pump() {
 }
 
 std::wstring EnglishText(unsigned id) {
-  static HMODULE english = LoadLibraryW((std::wstring(TW_LIBRARY_FOLDER) + L"\\LangRes\\CPEngRc.dll").c_str());
+  static HMODULE english = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LangRes\\CPEngRc.dll");
   wchar_t text[1024] = {};
-  int length = LoadStringW(english, id, text, 1024);
-  return std::wstring(text, length > 0 ? length : 0);
+  return std::wstring(text, std::max(LoadStringW(english, id, text, 1024), 0));
 }
 
 void AppTest::SetUp() {
@@ -143,11 +103,8 @@ void AppTest::SetUp() {
   PlatformTest::SetUp();
   InstallResourceLibraries();
   ASSERT_NE(ProgramResources(), nullptr);
-  HKEY folders = nullptr;
-  RegCreateKeyExW(HKEY_CURRENT_USER, kShellFolders, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &folders, nullptr);
-  RegSetValueExW(folders, L"Personal", 0, REG_EXPAND_SZ, reinterpret_cast<const BYTE*>(kDocuments),
-                 sizeof kDocuments);
-  RegCloseKey(folders);
+  WriteRaw(registry(), kCurrentUser, kShellFolders, u"Personal", kRegExpandSz, u"C:\\twtest\\Documents",
+           sizeof u"C:\\twtest\\Documents");
   SetEnvironmentVariableW(L"TIDEWELL_SCREEN", nullptr);
   Shell().screenKnown = true;
   gScreen.dpiX = gScreen.dpiY = 96;
@@ -157,12 +114,8 @@ void AppTest::SetUp() {
 void AppTest::TearDown() {
   if (Window() != nullptr) DestroyWindow(Window());
   Pump();
-  HKEY folders = nullptr;
-  if (RegOpenKeyExW(HKEY_CURRENT_USER, kShellFolders, 0, KEY_ALL_ACCESS, &folders) == ERROR_SUCCESS) {
-    const wchar_t profile[] = L"%USERPROFILE%\\Documents";
-    RegSetValueExW(folders, L"Personal", 0, REG_EXPAND_SZ, reinterpret_cast<const BYTE*>(profile), sizeof profile);
-    RegCloseKey(folders);
-  }
+  WriteRaw(registry(), kCurrentUser, kShellFolders, u"Personal", kRegExpandSz, u"%USERPROFILE%\\Documents",
+           sizeof u"%USERPROFILE%\\Documents");
   // Later suites of this process scale without the record's VGA mode.
   gScreen.dpiX = gScreen.dpiY = 96;
   gScreen.vgaMode = nullptr;

@@ -6,45 +6,41 @@
 
 #include <windows.h>
 
-#include <atomic>
-#include <mutex>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/support/test_platform.h"
 
 namespace tw::test {
 
-// Answers every message box of this process: Yes/No boxes with the chosen
-// answer, others with OK. Keeps each box's caption and text in order.
+// Answers every message box of this thread as it appears: Yes/No boxes with
+// the chosen answer, others with OK. Keeps each box in order.
 class MessageBoxAnswerer {
  public:
   MessageBoxAnswerer();
-  ~MessageBoxAnswerer();
+  ~MessageBoxAnswerer() { UnhookWindowsHookEx(hook_); }
   void AnswerYesNo(int answer) { yesNo_ = answer; }
   struct Box {
     std::wstring caption, text;
     RECT area;  // on the screen
   };
-  std::vector<Box> Boxes();
-  void Forget();
+  std::vector<Box> boxes;
+  // "caption: text" of each box.
+  std::vector<std::wstring> Seen() const;
 
  private:
-  void Run();
-  std::atomic<int> yesNo_{IDYES};
-  std::atomic<bool> stop_{false};
-  std::mutex mutex_;
-  std::vector<Box> boxes_;
-  std::thread thread_;
+  static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam);
+  HHOOK hook_;
+  int yesNo_ = IDYES;
+  HWND last_ = nullptr;
 };
 
 // A top-level window that counts the registered settings-changed message.
 class BroadcastListener {
  public:
   BroadcastListener();
-  ~BroadcastListener();
-  int Received() const;
+  ~BroadcastListener() { DestroyWindow(window_); }
+  int Received() const { return static_cast<int>(GetWindowLongPtrW(window_, GWLP_USERDATA)); }
 
  private:
   HWND window_ = nullptr;
@@ -80,7 +76,6 @@ class AppTest : public PlatformTest {
   void Command(unsigned id);
   // The record as saved, without the first-run notice.
   void SkipFirstRunNotice();
-  std::u16string DocumentsFile() const { return u"\\twtest\\Documents\\TW_Settings.txt"; }
   // The whole product tree as the export writes it, for comparing states.
   std::string RegistrySnapshot();
 

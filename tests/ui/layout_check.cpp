@@ -5,13 +5,6 @@
 namespace tw::test {
 namespace {
 
-std::string Narrow(const wchar_t* text) {
-  int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-  std::string out(size > 0 ? size - 1 : 0, '\0');
-  WideCharToMultiByte(CP_UTF8, 0, text, -1, out.data(), size, nullptr, nullptr);
-  return out;
-}
-
 RECT InParent(HWND control) {
   RECT area;
   GetWindowRect(control, &area);
@@ -25,34 +18,22 @@ bool Contains(const RECT& outer, const RECT& inner) {
 }
 
 bool Allowed(std::span<const Containment> allowed, HWND a, HWND b) {
-  int idA = GetDlgCtrlID(a), idB = GetDlgCtrlID(b);
-  RECT ra = InParent(a), rb = InParent(b);
   return std::any_of(allowed.begin(), allowed.end(), [&](const Containment& pair) {
-    return (pair.outer == idA && pair.inner == idB && Contains(ra, rb)) ||
-           (pair.outer == idB && pair.inner == idA && Contains(rb, ra));
+    return (pair.outer == GetDlgCtrlID(a) && pair.inner == GetDlgCtrlID(b) && Contains(InParent(a), InParent(b))) ||
+           (pair.outer == GetDlgCtrlID(b) && pair.inner == GetDlgCtrlID(a) && Contains(InParent(b), InParent(a)));
   });
-}
-
-std::vector<HWND> VisibleChildren(HWND parent) {
-  std::vector<HWND> children;
-  for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
-    if (IsWindowVisible(child)) children.push_back(child);
-  return children;
-}
-
-bool OwnProcess(HWND window) {
-  DWORD process = 0;
-  GetWindowThreadProcessId(window, &process);
-  return process == GetCurrentProcessId();
 }
 
 // A label or button whose text needs more room than the control gives it.
 // Fonts are only readable in their own process.
 bool TextCutOff(HWND control) {
   wchar_t name[32] = {}, text[512] = {};
+  DWORD process = 0;
+  GetWindowThreadProcessId(control, &process);
   GetClassNameW(control, name, 32);
   bool isStatic = lstrcmpiW(name, L"Static") == 0, isButton = lstrcmpiW(name, L"Button") == 0;
-  if ((!isStatic && !isButton) || !OwnProcess(control) || GetWindowTextW(control, text, 512) == 0) return false;
+  if ((!isStatic && !isButton) || process != GetCurrentProcessId() || GetWindowTextW(control, text, 512) == 0)
+    return false;
   LONG style = GetWindowLongW(control, GWL_STYLE);
   if (isStatic && (style & SS_TYPEMASK) > SS_RIGHT) return false;  // pictures, frames, owner-drawn
   RECT room;
@@ -66,9 +47,8 @@ bool TextCutOff(HWND control) {
   HDC dc = GetDC(control);
   HGDIOBJ old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
   RECT needed = {0, 0, room.right - room.left, 0};
-  bool wraps = isStatic && !(style & SS_LEFTNOWORDWRAP) && (style & SS_TYPEMASK) != SS_SIMPLE;
-  UINT flags = DT_CALCRECT | DT_NOPREFIX | (wraps || (isButton && (style & BS_MULTILINE)) ? DT_WORDBREAK : DT_SINGLELINE);
-  DrawTextW(dc, text, -1, &needed, flags);
+  bool wraps = isStatic ? !(style & SS_LEFTNOWORDWRAP) && (style & SS_TYPEMASK) != SS_SIMPLE : style & BS_MULTILINE;
+  DrawTextW(dc, text, -1, &needed, DT_CALCRECT | DT_NOPREFIX | (wraps ? DT_WORDBREAK : DT_SINGLELINE));
   SelectObject(dc, old);
   ReleaseDC(control, dc);
   return needed.right > room.right - room.left || needed.bottom > room.bottom - room.top;
@@ -77,7 +57,9 @@ bool TextCutOff(HWND control) {
 void Check(HWND parent, std::span<const Containment> allowed, std::vector<std::string>& faults) {
   RECT client;
   GetClientRect(parent, &client);
-  std::vector<HWND> children = VisibleChildren(parent);
+  std::vector<HWND> children;
+  for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    if (IsWindowVisible(child)) children.push_back(child);
   for (size_t i = 0; i < children.size(); ++i) {
     RECT area = InParent(children[i]);
     if (area.right <= area.left || area.bottom <= area.top)
@@ -101,10 +83,12 @@ std::string DescribeControl(HWND control) {
   wchar_t name[64] = {}, text[64] = {};
   GetClassNameW(control, name, 64);
   GetWindowTextW(control, text, 64);
+  char narrow[512] = {};
+  WideCharToMultiByte(CP_UTF8, 0, (std::wstring(name) + L" #" + std::to_wstring(GetDlgCtrlID(control)) + L" '" +
+                                   text + L"'").c_str(), -1, narrow, sizeof narrow, nullptr, nullptr);
   RECT area = InParent(control);
-  return Narrow(name) + " #" + std::to_string(GetDlgCtrlID(control)) + " '" + Narrow(text) + "' (" +
-         std::to_string(area.left) + "," + std::to_string(area.top) + ")-(" + std::to_string(area.right) + "," +
-         std::to_string(area.bottom) + ")";
+  return narrow + (" (" + std::to_string(area.left) + "," + std::to_string(area.top) + ")-(" +
+                   std::to_string(area.right) + "," + std::to_string(area.bottom) + ")");
 }
 
 std::vector<std::string> CheckLayout(HWND window, std::span<const Containment> allowed) {
