@@ -14,7 +14,7 @@ namespace {
 constexpr int kSide = 1024;
 constexpr std::size_t kPixels = std::size_t(kSide) * kSide;
 
-tw::TargaImage MakeImage() {
+void Blend(benchmark::State& state) {
   tw::TargaImage image;
   image.width = image.height = kSide;
   for (auto* plane : {&image.red, &image.green, &image.blue, &image.alpha}) plane->reset(new std::uint8_t[kPixels]);
@@ -24,25 +24,10 @@ tw::TargaImage MakeImage() {
     image.blue[i] = std::uint8_t(i >> 6);
     image.alpha[i] = std::uint8_t(i * 7);
   }
-  return image;
-}
-
-void Blend(benchmark::State& state) {
-  tw::TargaImage image = MakeImage();
   std::vector<std::uint8_t> pixels(kPixels * 3, 0x80);
   tw::BgrSurface surface{pixels.data(), kSide * 3, kSide, kSide};
   for (auto _ : state) {
     tw::BlendImage(image, surface, 0, 0, kSide, kSide);
-    benchmark::ClobberMemory();
-  }
-  state.SetItemsProcessed(state.iterations() * kPixels);
-}
-
-void Tint(benchmark::State& state) {
-  std::vector<std::uint8_t> pixels(kPixels * 3, 0x80);
-  tw::BgrSurface surface{pixels.data(), kSide * 3, kSide, kSide};
-  for (auto _ : state) {
-    tw::TintSurface(surface, 0x00336699, 96);
     benchmark::ClobberMemory();
   }
   state.SetItemsProcessed(state.iterations() * kPixels);
@@ -59,6 +44,5 @@ void CopyTouchedBytes(benchmark::State& state) {
 
 BENCHMARK(CopyTouchedBytes)->Name("blend_1024/baseline_memcpy_7_bytes_a_pixel")->Unit(benchmark::kMillisecond);
 BENCHMARK(Blend)->Name("blend_1024/alpha_blend")->Unit(benchmark::kMillisecond);
-BENCHMARK(Tint)->Name("blend_1024/tint")->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -19,34 +19,70 @@
 namespace tw {
 namespace {
 
-constexpr int kSubkeys = 100, kValuesPerKey = 100, kCategories = 1000, kRecords = 10000;
+constexpr int kSubkeys = 100, kValuesPerKey = 100, kValues = kSubkeys * kValuesPerKey, kRecords = 10000;
+constexpr std::uint32_t kAsked[] = {PropertyId(0x4001, kCeString), PropertyId(0x4002, kCeI2)};
+
+struct Value {
+  std::u16string name, text;  // no text: a DWORD
+  std::uint32_t number;
+};
 
 struct Fixture {
+  // The tree below the product key, a third of its values strings: what the
+  // export reads and the import writes.
+  std::vector<std::u16string> paths;
+  std::vector<std::vector<Value>> values;  // by key
   MemoryRegistry registry;
   CategoryData lists;
   std::string file;
+  // The categories database, with colours for a tenth of its records in a
+  // registry of their own.
+  MemoryRegistry colors;
+  std::filesystem::path root = std::filesystem::temp_directory_path() / "tw-bench-categories";
+  FolderFileSystem files{root};
+  MemoryObjectStore database;
+  MemoryLocale locale;
+  MemoryBitmaps bitmaps{files};
 
   Fixture() {
     for (int k = 0; k < kSubkeys; ++k) {
-      std::u16string path = FormatText(u"%s\\Key%d", {kProductKey, k});
-      ScopedKey key(registry, kCurrentUser, path, true);
-      for (int v = 0; v < kValuesPerKey; ++v) {
-        std::u16string name = FormatText(u"Value%dName", {v});
-        if (v % 3 == 0) registry.SetString(key.get(), name, FormatText(u"Text %d of key %d \u00e4\u0436", {v, k}));
-        else registry.SetDword(key.get(), name, static_cast<std::uint32_t>(v * 7919 - k));
-      }
+      paths.push_back(FormatText(u"%s\\Key%d", {kProductKey, k}));
+      std::vector<Value>& key = values.emplace_back();
+      for (int v = 0; v < kValuesPerKey; ++v)
+        key.push_back({FormatText(u"Value%dName", {v}),
+                       v % 3 ? u"" : FormatText(u"Text %d of key %d \u00e4\u0436", {v, k}),
+                       static_cast<std::uint32_t>(v * 7919 - k)});
     }
-    for (int c = 0; c < kCategories; ++c) {
-      CategoryEntry entry;
+    Write(registry);
+    for (int c = 0; c < 1000; ++c) {
+      CategoryEntry& entry = lists.categories.entries.emplace_back();
       entry.name.Format(u"Category %d", c);
       entry.filterMask = c;
       entry.color = c * 65599;
-      lists.categories.entries.push_back(std::move(entry));
     }
     MakeDefaultFilters(lists.filters);
     SettingsTextOutput out;
     ExportAll(registry, kProductKey, lists, out);
     file = out.Bytes();
+
+    std::filesystem::create_directories(root / "Icons");
+    auto& records = database.databases[std::u16string(kCategoriesDatabase)];
+    ScopedKey key(colors, kCurrentUser, kCategoriesKey.path, true);
+    for (int i = 0; i < kRecords; ++i) {
+      // Names in no particular order, a few equal but for case.
+      std::u16string name = FormatText(u"%s %d", {i % 7 == 0 ? u"project" : u"Project", (i * 7919) % kRecords});
+      records.push_back({{kAsked[0], 0, name}, {kAsked[1], i % 30000, {}}});
+      if (i % 10 == 0) colors.SetDword(key.get(), FormatText(u"CatColor.Project %d", {i}), i);
+    }
+  }
+  ~Fixture() { std::filesystem::remove_all(root); }
+
+  void Write(Registry& target) const {
+    for (int k = 0; k < kSubkeys; ++k) {
+      ScopedKey key(target, kCurrentUser, paths[k], true);
+      for (const Value& v : values[k])
+        v.text.empty() ? target.SetDword(key.get(), v.name, v.number) : target.SetString(key.get(), v.name, v.text);
+    }
   }
 };
 
@@ -55,31 +91,22 @@ Fixture& Shared() {
   return fixture;
 }
 
-void EnumerateTree(Registry& registry, RegKey parent, std::u16string_view path, std::int64_t& seen) {
-  ScopedKey key(registry, parent, path, false);
-  for (std::uint32_t i = 0;; ++i) {
-    char16_t name[256];
-    std::uint8_t data[256];
-    std::uint32_t chars = 256, type = 0, size = sizeof data;
-    if (registry.EnumValue(key.get(), i, name, chars, type, data, size) != kRegSuccess) break;
-    seen += size;
-  }
-  for (std::uint32_t i = 0;; ++i) {
-    char16_t name[256];
-    std::uint32_t chars = 256;
-    if (registry.EnumKey(key.get(), i, name, chars) != kRegSuccess) break;
-    EnumerateTree(registry, key.get(), std::u16string_view(name, chars), seen);
-  }
-}
-
 void EnumerateBaseline(benchmark::State& state) {
   Fixture& fixture = Shared();
   for (auto _ : state) {
     std::int64_t seen = 0;
-    EnumerateTree(fixture.registry, kCurrentUser, kProductKey, seen);
+    for (const std::u16string& path : fixture.paths) {
+      ScopedKey key(fixture.registry, kCurrentUser, path, false);
+      char16_t name[256];
+      std::uint8_t data[256];
+      for (std::uint32_t i = 0, chars = 256, type = 0, size = 256;
+           fixture.registry.EnumValue(key.get(), i, name, chars, type, data, size) == kRegSuccess;
+           ++i, chars = size = 256)
+        seen += size;
+    }
     benchmark::DoNotOptimize(seen);
   }
-  state.SetItemsProcessed(state.iterations() * kSubkeys * kValuesPerKey);
+  state.SetItemsProcessed(state.iterations() * kValues);
 }
 
 void Export(benchmark::State& state) {
@@ -89,89 +116,38 @@ void Export(benchmark::State& state) {
     ExportAll(fixture.registry, kProductKey, fixture.lists, out);
     benchmark::DoNotOptimize(out.Bytes().data());
   }
-  state.SetItemsProcessed(state.iterations() * kSubkeys * kValuesPerKey);
+  state.SetItemsProcessed(state.iterations() * kValues);
 }
 
 // The values as the import ends up writing them, set one by one.
 void SetValuesBaseline(benchmark::State& state) {
-  Fixture& fixture = Shared();
-  struct Pending {
-    std::u16string path, name;
-    std::uint32_t type;
-    std::vector<std::uint8_t> data;
-  };
-  std::vector<Pending> values;
-  for (int k = 0; k < kSubkeys; ++k) {
-    std::u16string path = FormatText(u"%s\\Key%d", {kProductKey, k});
-    ScopedKey key(fixture.registry, kCurrentUser, path, false);
-    for (std::uint32_t i = 0;; ++i) {
-      char16_t name[256];
-      std::vector<std::uint8_t> data(256);
-      std::uint32_t chars = 256, type = 0, size = 256;
-      if (fixture.registry.EnumValue(key.get(), i, name, chars, type, data.data(), size) != kRegSuccess) break;
-      data.resize(size);
-      values.push_back({path, std::u16string(name, chars), type, std::move(data)});
-    }
-  }
   for (auto _ : state) {
     MemoryRegistry registry;
-    ScopedKey key(registry);
-    const std::u16string* open = nullptr;
-    for (const Pending& value : values) {
-      if (open == nullptr || *open != value.path) {
-        key.Open(kCurrentUser, value.path, true);
-        open = &value.path;
-      }
-      registry.Set(key.get(), value.name, value.type, value.data.data(), static_cast<std::uint32_t>(value.data.size()));
-    }
+    Shared().Write(registry);
   }
-  state.SetItemsProcessed(state.iterations() * kSubkeys * kValuesPerKey);
+  state.SetItemsProcessed(state.iterations() * kValues);
 }
 
 void Import(benchmark::State& state) {
   Fixture& fixture = Shared();
-  const auto* bytes = reinterpret_cast<const std::uint8_t*>(fixture.file.data());
+  auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(fixture.file.data()), fixture.file.size());
   for (auto _ : state) {
     MemoryRegistry registry;
-    SettingsTextInput in = SettingsTextInput::FromBytes({bytes, fixture.file.size()});
+    SettingsTextInput in = SettingsTextInput::FromBytes(bytes);
     // Importing sets the lists to what they hold already.
     if (!ImportSettings(in, registry, fixture.lists)) state.SkipWithError("import failed");
   }
-  state.SetItemsProcessed(state.iterations() * kSubkeys * kValuesPerKey);
+  state.SetItemsProcessed(state.iterations() * kValues);
 }
 
-struct CategoryFixture {
-  std::filesystem::path root = std::filesystem::temp_directory_path() / "tw-bench-categories";
-  FolderFileSystem files{root};
-  MemoryObjectStore database;
-  MemoryRegistry registry;
-  MemoryLocale locale;
-  MemoryBitmaps bitmaps{files};
-
-  CategoryFixture() {
-    std::filesystem::create_directories(root / "Icons");
-    std::vector<DatabaseRecord> records;
-    for (int i = 0; i < kRecords; ++i) {
-      // Names in no particular order, a few equal but for case.
-      std::u16string name = FormatText(u"%s %d", {i % 7 == 0 ? u"project" : u"Project", (i * 7919) % kRecords});
-      records.push_back({{PropertyId(0x4001, kCeString), 0, name}, {PropertyId(0x4002, kCeI2), i % 30000, {}}});
-    }
-    database.databases[std::u16string(kCategoriesDatabase)] = std::move(records);
-    ScopedKey key(registry, kCurrentUser, kCategoriesKey.path, true);
-    for (int i = 0; i < kRecords; i += 10) registry.SetDword(key.get(), FormatText(u"CatColor.Project %d", {i}), i);
-  }
-  ~CategoryFixture() { std::filesystem::remove_all(root); }
-};
-
 void ReadAndSortBaseline(benchmark::State& state) {
-  CategoryFixture fixture;
+  Fixture& fixture = Shared();
   for (auto _ : state) {
     auto cursor = fixture.database.Open(kCategoriesDatabase);
     cursor->SeekToBeginning();
-    const std::uint32_t asked[] = {PropertyId(0x4001, kCeString), PropertyId(0x4002, kCeI2)};
     std::vector<PropertyValue> values;
     std::vector<std::u16string> names;
-    while (cursor->ReadRecord(asked, values)) names.push_back(values[0].text);
+    while (cursor->ReadRecord(kAsked, values)) names.push_back(values[0].text);
     std::stable_sort(names.begin(), names.end(),
                      [&](const auto& a, const auto& b) { return fixture.locale.CompareIgnoreCase(a, b) < 0; });
     benchmark::DoNotOptimize(names.data());
@@ -180,9 +156,9 @@ void ReadAndSortBaseline(benchmark::State& state) {
 }
 
 void LoadCategoryList(benchmark::State& state) {
-  CategoryFixture fixture;
+  Fixture& fixture = Shared();
   CategoryData lists;
-  CategoryPlatform platform{fixture.registry, fixture.locale, fixture.files, fixture.database, fixture.bitmaps};
+  CategoryPlatform platform{fixture.colors, fixture.locale, fixture.files, fixture.database, fixture.bitmaps};
   for (auto _ : state) LoadCategories(lists, platform, u"\\Icons", u"\\");
   state.SetItemsProcessed(state.iterations() * kRecords);
 }

@@ -13,9 +13,12 @@
 namespace tw {
 namespace {
 
-void PopulatedRegistry(MemoryRegistry& registry, Locale& locale, FileSystem& files) {
-  auto store = std::make_unique<SettingsStore>();
+void LoadSaveRoundTrip(benchmark::State& state) {
+  MemoryRegistry registry;
+  MemoryLocale locale;
+  FolderFileSystem files(std::filesystem::temp_directory_path() / "tw-bench-empty");
   SettingsEnvironment environment{registry, locale, files};
+  auto store = std::make_unique<SettingsStore>();
   LoadSettings(*store, environment);
   store->OnClick = 2;
   store->dNumOfDays = 14;
@@ -29,22 +32,13 @@ void PopulatedRegistry(MemoryRegistry& registry, Locale& locale, FileSystem& fil
     tab.library.Assign(u"\\Windows\\plugin.dll");
   }
   SaveSettings(*store, environment);
-}
-
-void BM_LoadSaveRoundTrip(benchmark::State& state) {
-  MemoryRegistry registry;
-  MemoryLocale locale;
-  FolderFileSystem files(std::filesystem::temp_directory_path() / "tw-bench-empty");
-  PopulatedRegistry(registry, locale, files);
-  auto store = std::make_unique<SettingsStore>();
-  SettingsEnvironment environment{registry, locale, files};
   for (auto _ : state) {
     LoadSettings(*store, environment);
     SaveSettings(*store, environment);
     benchmark::DoNotOptimize(store->OnClick);
   }
 }
-BENCHMARK(BM_LoadSaveRoundTrip)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadSaveRoundTrip)->Name("BM_LoadSaveRoundTrip")->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace tw

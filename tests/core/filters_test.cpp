@@ -1,7 +1,7 @@
 // The filter list and TWFilters.txt.
 #include "data/filters.h"
 
-#include "data/line_reader.h"
+#include "app/text.h"
 #include "tests/support/test_platform.h"
 
 namespace tw::test {
@@ -9,18 +9,16 @@ namespace {
 
 class FiltersTest : public PlatformTest {
  protected:
-  std::u16string Path() { return Folder() + u"\\TWFilters.txt"; }
-
   // Text as the Today item writes it: UTF-16 LE, no mark.
   void WriteFile(std::u16string_view text) {
     std::vector<std::uint8_t> bytes;
-    for (char16_t c : text) {
-      bytes.push_back(c & 0xFF);
-      bytes.push_back(c >> 8);
-    }
-    ASSERT_TRUE(files().WriteAll(Path(), bytes.data(), bytes.size()));
+    for (char16_t c : text) bytes.insert(bytes.end(), {std::uint8_t(c & 0xFF), std::uint8_t(c >> 8)});
+    ASSERT_TRUE(files().WriteAll(Folder() + u"\\TWFilters.txt", bytes.data(), bytes.size()));
   }
-
+  int Read(std::u16string_view text) {
+    WriteFile(text);
+    return ReadFilters(filters, files(), Folder());
+  }
   static std::u16string Sections(int count, int first = 0) {
     std::u16string text;
     for (int n = first; n < first + count; ++n)
@@ -29,26 +27,15 @@ class FiltersTest : public PlatformTest {
                          {n, n, n - 5, n % 2, n % 3 == 0 ? 1 : 0});
     return text;
   }
+  static std::u16string Replace(std::u16string text, std::u16string_view from, std::u16string_view to) {
+    return text.replace(text.find(from), from.size(), to);
+  }
 
   FilterList filters;
 };
 
-TEST_F(FiltersTest, DefaultsAreNumberedFromZeroAndTitledFromOne) {
-  EXPECT_EQ(ReadFilters(filters, files(), Folder()), 0);
-  ASSERT_EQ(filters.entries.size(), 32u);
-  for (int i = 0; i < 32; ++i) {
-    const FilterEntry& filter = filters.entries[i];
-    EXPECT_EQ(filter.index, i);
-    EXPECT_EQ(filter.title, FormatText(u"Filter %d", {i + 1}));
-    EXPECT_TRUE(filter.visible);
-    EXPECT_FALSE(filter.includeUncategorized);
-    EXPECT_EQ(filter.sensitivity, 0);
-  }
-}
-
-TEST_F(FiltersTest, ThirtyTwoSectionsAreNumberedFromOne) {
-  WriteFile(Sections(32));
-  ASSERT_EQ(ReadFilters(filters, files(), Folder()), 1);
+TEST_F(FiltersTest, ThirtyTwoSectionsAreNumberedFromOneAndAnythingElseGivesDefaultsFromZero) {
+  ASSERT_EQ(Read(Sections(32)), 1);
   ASSERT_EQ(filters.entries.size(), 32u);
   const FilterEntry& seventh = filters.entries[6];
   EXPECT_EQ(seventh.index, 7);
@@ -57,41 +44,30 @@ TEST_F(FiltersTest, ThirtyTwoSectionsAreNumberedFromOne) {
   EXPECT_FALSE(seventh.visible);
   EXPECT_TRUE(seventh.includeUncategorized);
   EXPECT_EQ(filters.entries[0].sensitivity, -5);
-}
 
-TEST_F(FiltersTest, AnyOtherNumberOfSectionsGivesTheDefaults) {
   for (std::u16string text : {Sections(31), Sections(33), Sections(31, 1) + Sections(1, 0), std::u16string()}) {
-    WriteFile(text);
-    EXPECT_EQ(ReadFilters(filters, files(), Folder()), 0);
-    EXPECT_EQ(filters.entries[31].title, u"Filter 32");
+    EXPECT_EQ(Read(text), 0) << text.size();
+    ASSERT_EQ(filters.entries.size(), 32u);
+    for (int i : {0, 31}) {
+      EXPECT_EQ(filters.entries[i].index, i);
+      EXPECT_EQ(filters.entries[i].title, FormatText(u"Filter %d", {i + 1}));
+    }
   }
 }
 
-TEST_F(FiltersTest, AnOutOfOrderSectionIsSkippedUpToTheExpectedHeader) {
-  std::u16string text = Sections(1, 0) + Sections(1, 5) + Sections(31, 1);
-  WriteFile(text);
-  ASSERT_EQ(ReadFilters(filters, files(), Folder()), 1);
+TEST_F(FiltersTest, LinesAreReadByPosition) {
+  EXPECT_EQ(Read(Sections(1, 0) + Sections(1, 5) + Sections(31, 1)), 1)
+      << "an out-of-order section is skipped up to the expected header";
   EXPECT_EQ(filters.entries[1].title, u"T1");
-}
 
-TEST_F(FiltersTest, AnUnparsedNumberKeepsThePreviousLinesNumber) {
-  std::u16string text = Sections(32);
-  std::u16string broken = u"\"Visible\"=dword:1\r\n";
-  text.replace(text.find(broken), broken.size(), u"\"Visible\"\r\n");  // first such line: section 1
-  WriteFile(text);
-  ASSERT_EQ(ReadFilters(filters, files(), Folder()), 1);
+  // The first "Visible" line is section 1's; without a number it keeps the line before's.
+  ASSERT_EQ(Read(Replace(Sections(32), u"\"Visible\"=dword:1\r\n", u"\"Visible\"\r\n")), 1);
   EXPECT_EQ(filters.entries[1].sensitivity, -4);
   EXPECT_TRUE(filters.entries[1].visible) << "visible takes the sensitivity's -4";
-}
 
-TEST_F(FiltersTest, LatinOneTitlesSurviveButCyrillicDoesNot) {
-  std::u16string text = Sections(32);
-  text.replace(text.find(u"T0"), 2, u"Caf\u00e9");
-  text.replace(text.find(u"T1\""), 2, u"\u0414\u0430");
-  WriteFile(text);
-  ASSERT_EQ(ReadFilters(filters, files(), Folder()), 1);
-  EXPECT_EQ(filters.entries[0].title, u"Caf\u00e9");
-  EXPECT_NE(filters.entries[1].title, u"\u0414\u0430");
+  ASSERT_EQ(Read(Replace(Replace(Sections(32), u"T0", u"Caf\u00e9"), u"T1\"", u"\u0414\u0430\"")), 1);
+  EXPECT_EQ(filters.entries[0].title, u"Caf\u00e9") << "Latin-1 survives the byte line reader";
+  EXPECT_NE(filters.entries[1].title, u"\u0414\u0430") << "Cyrillic does not";
 }
 
 TEST_F(FiltersTest, WritingAndReadingRenumbersDefaultsFromOne) {
@@ -104,10 +80,8 @@ TEST_F(FiltersTest, WritingAndReadingRenumbersDefaultsFromOne) {
   WriteFilters(filters, files(), Folder());
 
   std::vector<std::uint8_t> bytes;
-  ASSERT_TRUE(files().ReadAll(Path(), bytes));
-  std::u16string head;
-  for (std::size_t i = 0; i + 1 < 24; i += 2) head.push_back(bytes[i] | bytes[i + 1] << 8);
-  EXPECT_EQ(head, u"[FILTER0]\r\n\"") << "UTF-16 LE, no mark";
+  ASSERT_TRUE(files().ReadAll(Folder() + u"\\TWFilters.txt", bytes));
+  EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + 6), std::string("[\0F\0I\0", 6)) << "UTF-16 LE, no mark";
 
   FilterList read;
   ASSERT_EQ(ReadFilters(read, files(), Folder()), 1);

@@ -1,74 +1,41 @@
+#include <cstdio>
+#include <map>
 #include <set>
 
 #include "app/scaling.h"
-#include "tests/support/counting_registry.h"
+#include "app/text.h"
 #include "tests/support/settings_fixture.h"
 
 namespace tw::test {
 namespace {
 
-// Every product key, for checks over the whole tree.
-std::vector<std::u16string> ProductKeyPaths() {
-  std::vector<std::u16string> paths;
-  for (const KeySpec* key : ProductKeys()) paths.emplace_back(key->path);
-  return paths;
-}
-
-TEST(SchemaTest, EachFieldAndNameAppearsOnce) {
-  // Member pointers have no order; the addresses they give in one record do.
-  auto record = std::make_unique<SettingsStore>();
-  std::set<std::u16string> names;
-  std::set<const void*> fields;
-  std::size_t fonts = 0;
-  for (const KeySpec* key : ProductKeys()) {
-    for (const ValueSpec& value : key->values) {
-      EXPECT_TRUE(names.insert(value.name).second) << Show(value.name) << " listed twice";
-      const void* field = value.dword    ? static_cast<const void*>(&(record.get()->*value.dword))
-                          : value.string ? static_cast<const void*>(&(record.get()->*value.string))
-                                         : static_cast<const void*>(&(record.get()->*value.item));
-      EXPECT_TRUE(fields.insert(field).second) << Show(value.name) << " shares a field";
-    }
-    for (const FontSpec& font : key->fonts) {
-      EXPECT_TRUE(names.insert(font.name).second) << Show(font.name);
-      EXPECT_TRUE(fields.insert(&(record.get()->*font.field)).second) << Show(font.name);
-      ++fonts;
-    }
+class LoadSaveTest : public SettingsTest {
+ protected:
+  void PutText(std::u16string_view path, std::u16string_view name, std::u16string_view text) {
+    WriteText(registry(), kCurrentUser, path, name, text);
   }
-  EXPECT_EQ(fonts, 30u);
-}
-
-class LoadSaveTest : public SettingsTest {};
+  void PutTab(std::u16string_view name, std::uint32_t order, std::uint32_t enabled) {
+    Put(Tab(name), u"Order", order);
+    Put(Tab(name), u"Enabled", enabled);
+  }
+  static std::u16string Tab(std::u16string_view name) { return std::u16string(kTabs) + u"\\" + std::u16string(name); }
+};
 
 TEST_F(LoadSaveTest, EmptyRegistryGivesDefaults) {
   Load();
   const SettingsStore& s = *store;
-  EXPECT_EQ(s.ProductFolder.View(), u"\\Program Files\\Orvex\\Tidewell");
   EXPECT_EQ(s.SkinsFolder.View(), u"\\Program Files\\Orvex\\Tidewell\\Skins");
   EXPECT_EQ(s.TWIconsFolder.View(), u"\\Program Files\\Orvex\\Tidewell\\CategoryIcons");
-  EXPECT_EQ(s.TWFiltersFileFolder.View(), u"\\Program Files\\Orvex\\Tidewell");
-  EXPECT_EQ(s.AgendaFusionIconsFolder.View(), u"Program Files\\Agenda Fusion\\Icons");
-  EXPECT_EQ(s.PocketInformantFolder.View(), u"My Documents");
   EXPECT_EQ(s.dSelectedSkin.View(), u"default");
-  EXPECT_EQ(s.FontFaceToUse.View(), u"Tahoma");
-  EXPECT_EQ(s.NoteZoom, 100);
   EXPECT_EQ(s.dHeightLimit, 160);
   EXPECT_EQ(s.TimeFormat, 1) << "the test locale keeps a 12-hour clock";
   EXPECT_EQ(s.MonthlyStartDay, 6);
-  EXPECT_EQ(s.ClrApptRightIcons, 479);
-  EXPECT_EQ(s.TasksRightIcons, 383);
-  EXPECT_EQ(s.MsgsMrkReadOnPrev.value, 1);
-  EXPECT_EQ(s.NotesBreakLineStyle.defaultValue, 3);
-  EXPECT_EQ(s.NotesBreakLineStyle.name.View(), u"NotesBreakLineStyle");
-  EXPECT_EQ(s.HighlightBgClr, -1);
   EXPECT_EQ(s.FontGeneral.font.lfWeight, 100);
   EXPECT_EQ(s.FontCalDayTitles.font.lfWeight, 700);
   EXPECT_EQ(s.FontCalPast.font.lfStrikeOut, 1);
   EXPECT_EQ(s.FontMailUnread.font.lfStrikeOut, 0);
   EXPECT_EQ(s.FontGeneral.font.lfHeight, 12);
-  EXPECT_EQ(s.FontGeneral.color, -1);
   EXPECT_EQ(std::u16string_view(s.FontGeneral.font.lfFaceName), u"Tahoma");
-  EXPECT_EQ(s.FontGeneral.font.lfQuality, 0);
-  EXPECT_TRUE(s.tabs.empty());
   EXPECT_EQ(s.ActiveTab, 1);
 }
 
@@ -92,50 +59,32 @@ TEST_F(LoadSaveTest, SavingDefaultsLeavesOnlyTheDeliberateValues) {
       u"FontMsgsTitleslfWeight", u"FontSEGenerallfWeight", u"FontSEFilter1lfWeight",
       u"FontSEFilter2lfWeight", u"FontSEFilter3lfWeight", u"FontSEFilter4lfWeight",
       u"FontMailUnreadlfStrikeOut"};
-
-  for (const std::u16string& path : ProductKeyPaths()) {
-    std::vector<std::u16string> names = ValueNames(registry(), kCurrentUser, path);
-    std::vector<std::u16string> want = expected[path];
+  for (const KeySpec* key : ProductKeys()) {
+    std::vector<std::u16string> names = ValueNames(registry(), kCurrentUser, key->path), want = expected[key->path];
     std::sort(names.begin(), names.end());
     std::sort(want.begin(), want.end());
-    EXPECT_EQ(names, want) << Show(path);
+    EXPECT_EQ(names, want) << Show(key->path);
   }
   EXPECT_EQ(Stored(kMain, u"dSelectedSkin").text, u"default");
-  EXPECT_EQ(Stored(kFonts, u"FontMailUnreadlfStrikeOut").dword, 0u);
   EXPECT_EQ(Stored(kFonts, u"FontGenerallfWeight").dword, 100u);
   EXPECT_EQ(Stored(kFonts, u"FontMsgsTitleslfWeight").dword, 700u);
 }
 
 TEST_F(LoadSaveTest, ChangedValuesRoundTripAndEqualOnesAreDeleted) {
   Load();
-  store->OnClick = 3;
-  store->dNumOfDays = 12;
-  store->CustomDayttlFrmtDefault.Assign(u"ddd d MMM");
   store->AdditionalFilterCat3.Assign(u"Geburtstag Привет");
   store->MsgsBreakLineStyle.value = 0;
-  store->HideABCVals = 0;
-  store->ClrStatusBusy = 0x00FF00;
   store->FontCalTentative.font.lfItalic = 1;
   store->FontCalTentative.color = 0x123456;
-  store->AdditionalIconsFolder.Assign(u"\\Icons");
+  store->dSelectedSkin.Assign(u"Default");  // the saver's default, though not the loader's
   Save();
-  Put(kMain, u"OnDoubleClick", 0);  // equal to its default: the save must delete it
-  Save();
-  EXPECT_FALSE(Stored(kMain, u"OnDoubleClick").present);
-
+  EXPECT_FALSE(Stored(kMain, u"dSelectedSkin").present);
   Reload();
-  EXPECT_EQ(store->OnClick, 3);
-  EXPECT_EQ(store->dNumOfDays, 12);
-  EXPECT_EQ(store->CustomDayttlFrmtDefault.View(), u"ddd d MMM");
   EXPECT_EQ(store->AdditionalFilterCat3.View(), u"Geburtstag Привет");
   EXPECT_EQ(store->MsgsBreakLineStyle.value, 0);
-  EXPECT_EQ(store->HideABCVals, 0);
-  EXPECT_EQ(store->ClrStatusBusy, 0x00FF00);
   EXPECT_EQ(store->FontCalTentative.font.lfItalic, 1);
   EXPECT_EQ(store->FontCalTentative.color, 0x123456);
-  EXPECT_EQ(store->AdditionalIconsFolder.View(), u"\\Icons");
-  EXPECT_EQ(Stored(kMessages, u"MsgsBreakLineStyle").dword, 0u);
-
+  EXPECT_EQ(store->dSelectedSkin.View(), u"default");
   store->MsgsBreakLineStyle.value = store->MsgsBreakLineStyle.defaultValue;
   store->FontCalTentative.font.lfItalic = 0;
   Save();
@@ -143,34 +92,21 @@ TEST_F(LoadSaveTest, ChangedValuesRoundTripAndEqualOnesAreDeleted) {
   EXPECT_FALSE(Stored(kFonts, u"FontCalTentativelfItalic").present);
 }
 
-TEST_F(LoadSaveTest, DwordReadsIgnoreTypeButNotSize) {
+TEST_F(LoadSaveTest, OddDataFallsBackToDefaults) {
   std::uint64_t wide = 5;
   WriteRaw(registry(), kCurrentUser, kMain, u"OnClick", kRegDword, &wide, 8);
-  WriteText(registry(), kCurrentUser, kMain, u"OnDoubleClick", u"1");
-  WriteText(registry(), kCurrentUser, kMain, u"dUsedPIM", u"12");
+  PutText(kMain, u"OnDoubleClick", u"1");
+  PutText(kMain, u"dUsedPIM", u"12");
+  PutText(kMain, u"FontFaceToUse", std::u16string(259, u'a'));
+  PutText(kMain, u"SelectedLangResFile", std::u16string(260, u'b'));
   Load();
   EXPECT_EQ(store->OnClick, 0) << "8-byte data is too long";
   EXPECT_EQ(store->OnDoubleClick, 49) << "'1' and terminator are exactly 4 bytes";
   EXPECT_EQ(store->dUsedPIM, 0) << "two characters are 6 bytes";
-}
-
-TEST_F(LoadSaveTest, StringsLongerThan259CharactersLoadTheDefault) {
-  WriteText(registry(), kCurrentUser, kMain, u"FontFaceToUse", std::u16string(259, u'a'));
-  WriteText(registry(), kCurrentUser, kMain, u"SelectedLangResFile", std::u16string(260, u'b'));
-  Load();
   EXPECT_EQ(store->FontFaceToUse.View(), std::u16string(259, u'a'));
   EXPECT_EQ(store->SelectedLangResFile.View(), u"\\Program Files\\Orvex\\Tidewell\\LangRes\\CPEngRc.dll");
   EXPECT_EQ(std::u16string_view(store->FontGeneral.font.lfFaceName), std::u16string(31, u'a'))
       << "a face name is cut to the 32 characters of the font record";
-}
-
-TEST_F(LoadSaveTest, SkinNameLoadsAndSavesAgainstDifferentDefaults) {
-  Load();
-  store->dSelectedSkin.Assign(u"Default");
-  Save();
-  EXPECT_FALSE(Stored(kMain, u"dSelectedSkin").present);
-  Reload();
-  EXPECT_EQ(store->dSelectedSkin.View(), u"default");
 }
 
 TEST_F(LoadSaveTest, LocaleDefaultsAreAskedAgainAtSave) {
@@ -179,16 +115,14 @@ TEST_F(LoadSaveTest, LocaleDefaultsAreAskedAgainAtSave) {
   Load();
   EXPECT_EQ(store->TimeFormat, 0);
   EXPECT_EQ(store->MonthlyStartDay, 0);
-  EXPECT_EQ(store->FirstWorkDay, 0);
   Save();
   EXPECT_FALSE(Stored(kCalendar, u"TimeFormat").present);
 
   Use24HourClock(false);
   SetFirstDayOfWeek(6);
   Save();
-  EXPECT_EQ(Stored(kCalendar, u"TimeFormat").dword, 0u) << "equalled the old default only";
-  EXPECT_EQ(Stored(kCalendar, u"MonthlyStartDay").dword, 0u);
-  EXPECT_EQ(Stored(kCalendar, u"FirstWorkDay").dword, 0u);
+  for (auto name : {u"TimeFormat", u"MonthlyStartDay", u"FirstWorkDay"})
+    EXPECT_EQ(Stored(kCalendar, name).dword, 0u) << Show(name) << " equalled the old default only";
   store->TimeFormat = 1;
   Save();
   EXPECT_FALSE(Stored(kCalendar, u"TimeFormat").present);
@@ -196,13 +130,10 @@ TEST_F(LoadSaveTest, LocaleDefaultsAreAskedAgainAtSave) {
 
 TEST_F(LoadSaveTest, VgaModeDoublesScaledDefaults) {
   Load();
-  EXPECT_EQ(store->dHeightLimit, 160);
   store->MyVgaMode = 1;
   Save();
-  EXPECT_EQ(Stored(kMain, u"MyVgaMode").dword, 1u);
   EXPECT_EQ(Stored(kMain, u"dHeightLimit").dword, 160u) << "unchanged, but no longer the default";
   EXPECT_EQ(Stored(kCalendar, u"MonthlyPopIconsSize").dword, 6u);
-  EXPECT_EQ(Stored(kFonts, u"FontGnrlSize").dword, 12u);
   EXPECT_EQ(Stored(kFonts, u"FontGenerallfHeight").dword, 12u);
 
   registry().DeleteTree(kCurrentUser, u"Software\\Orvex");
@@ -213,29 +144,54 @@ TEST_F(LoadSaveTest, VgaModeDoublesScaledDefaults) {
   EXPECT_EQ(store->MonthlyPopIconsSize, 12);
 }
 
-TEST_F(LoadSaveTest, DayCountAndTitleOrderAreValidated) {
-  for (std::int32_t days : {0, 31, 1, 30}) {
-    Put(kCalendar, u"dNumOfDays", static_cast<std::uint32_t>(days));
+// One or more values written to an empty tree, the record loaded, one field checked.
+TEST_F(LoadSaveTest, LoadedValuesAreCheckedByTheirOwnRules) {
+  constexpr std::u16string_view kHosted = u"Software\\Orvex\\Tidewell\\TabSettings\\Hosted";
+  struct Value {
+    std::u16string_view path, name;
+    std::uint32_t data;
+  };
+  const struct Case {
+    std::vector<Value> values;
+    std::int32_t (*field)(const SettingsStore&);
+    std::int32_t expected;
+    const char* why;
+  } cases[] = {
+#define FIELD(member) [](const SettingsStore& s) -> std::int32_t { return s.member; }
+      {{{kFonts, u"FontGenerallfWeight", 400}}, FIELD(FontGeneral.font.lfWeight), 100, "neither 100 nor 700"},
+      {{{kFonts, u"FontCalDayTitleslfWeight", 600}}, FIELD(FontCalDayTitles.font.lfWeight), 700, "bold by default"},
+      {{{kFonts, u"FontCalPastlfStrikeOut", 2}}, FIELD(FontCalPast.font.lfStrikeOut), 0, "not the struck-out default"},
+      {{{kFonts, u"FontGenerallfItalic", 5}}, FIELD(FontGeneral.font.lfItalic), 0, "neither 0 nor 1"},
+      {{{kFonts, u"FontGenerallfHeight", 0xFFFFFFF1}}, FIELD(FontGeneral.font.lfHeight), -15, "any height"},
+      {{{kMain, u"ForceClearType", 1}}, FIELD(FontGeneral.font.lfQuality), 5, "ClearType quality"},
+      {{{kCalendar, u"dNumOfDays", 0}}, FIELD(dNumOfDays), 7, "no days"},
+      {{{kCalendar, u"dNumOfDays", 31}}, FIELD(dNumOfDays), 7, "more than 30 days"},
+      {{{kCalendar, u"dNumOfDays", 30}}, FIELD(dNumOfDays), 30, "30 days"},
+      {{{kMain, u"ActiveTab", 5}}, FIELD(ActiveTab), 5, "special events"},
+      {{{kMain, u"ActiveTab", 5}, {kTabs, u"SEventsTabEnabled", 0}}, FIELD(ActiveTab), 1, "a disabled tab"},
+      {{{kMain, u"ActiveTab", 6}, {kHosted, u"Order", 6}, {kHosted, u"Enabled", 1}}, FIELD(ActiveTab), 1,
+       "an enabled hosted tab"},
+#undef FIELD
+  };
+  for (const Case& c : cases) {
+    registry().DeleteTree(kCurrentUser, u"Software\\Orvex");
+    for (const Value& v : c.values) Put(v.path, v.name, v.data);
     Reload();
-    EXPECT_EQ(store->dNumOfDays, days == 0 || days == 31 ? 7 : days) << days;
-    EXPECT_EQ(static_cast<std::int32_t>(Stored(kCalendar, u"dNumOfDays").dword), days)
-        << "the registry keeps it until the next save";
+    EXPECT_EQ(c.field(*store), c.expected) << Show(c.values[0].name) << " " << c.values[0].data << ": " << c.why;
   }
+}
 
-  const std::u16string names[] = {u"CalTitlesOrder0", u"CalTitlesOrder1", u"CalTitlesOrder2",
-                                  u"CalTitlesOrder3", u"CalTitlesOrder4", u"CalTitlesOrder5"};
-  const std::uint32_t permuted[] = {5, 4, 3, 2, 1, 0};
-  for (int i = 0; i < 6; ++i) Put(kCalendar, names[i], permuted[i]);
-  Reload();
+TEST_F(LoadSaveTest, ARepeatedTitlePositionResetsTheOrder) {
+  auto putOrder = [&](std::vector<std::uint32_t> order) {
+    for (int i = 0; i < 6; ++i) Put(kCalendar, FormatText(u"CalTitlesOrder%d", {i}), order[i]);
+    Reload();
+  };
+  putOrder({5, 4, 3, 2, 1, 0});
   EXPECT_EQ(store->CalTitlesOrder0, 5);
   EXPECT_EQ(store->CalTitlesOrder5, 0);
-
-  const std::uint32_t repeated[] = {0, 1, 2, 3, 4, 4};
-  for (int i = 0; i < 6; ++i) Put(kCalendar, names[i], repeated[i]);
-  Reload();
-  EXPECT_EQ(store->CalTitlesOrder4, 4);
-  EXPECT_EQ(store->CalTitlesOrder5, 5);
-  for (const auto& name : names) EXPECT_FALSE(Stored(kCalendar, name).present) << Show(name);
+  putOrder({0, 1, 2, 3, 4, 4});
+  EXPECT_EQ(store->CalTitlesOrder5, 5) << "a repeated position resets the order";
+  for (int i = 0; i < 6; ++i) EXPECT_FALSE(Stored(kCalendar, FormatText(u"CalTitlesOrder%d", {i})).present) << i;
 }
 
 TEST_F(LoadSaveTest, PinnedMonthNeedsAHighEnoughItem) {
@@ -253,74 +209,157 @@ TEST_F(LoadSaveTest, PinnedMonthNeedsAHighEnoughItem) {
 TEST_F(LoadSaveTest, TodayItemStateIsReadButNeverWritten) {
   Put(kNotes, u"DisplayOnNotesTab", 2);
   Put(kNotes, u"NotesTab1Sort", 0);  // equal to its default, yet kept
-  Put(kMain, u"NoteZoom", 150);
-  WriteText(registry(), kCurrentUser, kMain, u"TasksSelCategory", u"Work");
+  PutText(kMain, u"TasksSelCategory", u"Work");
   Load();
   EXPECT_EQ(store->DisplayOnNotesTab, 2);
-  EXPECT_EQ(store->NoteZoom, 150);
   store->DisplayOnNotesTab = 7;
-  store->NoteZoom = 100;
   store->TasksSelCategory.Assign(u"");
   Save();
   EXPECT_EQ(Stored(kNotes, u"DisplayOnNotesTab").dword, 2u);
   EXPECT_TRUE(Stored(kNotes, u"NotesTab1Sort").present);
-  EXPECT_EQ(Stored(kMain, u"NoteZoom").dword, 150u);
   EXPECT_EQ(Stored(kMain, u"TasksSelCategory").text, u"Work");
 }
 
-TEST_F(LoadSaveTest, InstallFoldersComeFromTheTodayItemKey) {
+TEST_F(LoadSaveTest, InstallFoldersComeFromTheTodayItemKeyAndHoldTheSkin) {
   const std::u16string_view today = u"Software\\Microsoft\\today\\items\\Tidewell";
   WriteText(registry(), kLocalMachine, today, u"ProgramFiles", u"\\Programme");
-  WriteText(registry(), kLocalMachine, today, u"InstallPath", u"\\Storage Card\\Apps");
-  WriteText(registry(), kCurrentUser, u"Software\\WebIS\\PocketInformant", u"IconPath", u"\\PI\\Icons");
+  WriteText(registry(), kLocalMachine, today, u"InstallPath", Folder());
+  PutText(u"Software\\WebIS\\PocketInformant", u"IconPath", u"\\PI\\Icons");
+  PutText(kMain, u"dSelectedSkin", u"Night");
+  std::u16string skin = Folder();
+  for (auto part : {u"\\Orvex", u"\\Tidewell", u"\\Skins", u"\\Night"}) files().MakeDirectory(skin += part);
+  std::string ini = "\"txt_color\"=\"10,20,30\"\r\n";
+  ASSERT_TRUE(files().WriteAll(skin + u"\\skin.ini", ini.data(), ini.size()));
   Load();
   EXPECT_EQ(store->ProductFolder.View(), u"\\Programme\\Orvex\\Tidewell");
-  EXPECT_EQ(store->InstallFolder.View(), u"\\Storage Card\\Apps\\Orvex\\Tidewell");
-  EXPECT_EQ(store->SkinsFolder.View(), u"\\Storage Card\\Apps\\Orvex\\Tidewell\\Skins");
-  EXPECT_EQ(store->TWFiltersFileFolder.View(), u"\\Programme\\Orvex\\Tidewell");
+  EXPECT_EQ(store->SkinsFolder.View(), Folder() + u"\\Orvex\\Tidewell\\Skins");
   EXPECT_EQ(store->PocketInformantIconsFolder.View(), u"\\PI\\Icons");
+  EXPECT_EQ(store->skin.textColor[0], 10 | 20 << 8 | 30 << 16);
   EXPECT_TRUE(KeyExists(registry(), kLocalMachine, u"SOFTWARE\\Developer One, Inc.\\Agenda Fusion"))
       << "other vendors' keys are opened with create semantics";
 }
+
+TEST_F(LoadSaveTest, StrikeOutIsSavedAgainstTheSaversDefault) {
+  Load();
+  store->FontCalPast.font.lfStrikeOut = 0;
+  store->FontMailUnread.font.lfStrikeOut = 1;
+  Save();
+  EXPECT_EQ(Stored(kFonts, u"FontCalPastlfStrikeOut").dword, 0u);
+  // The unread-mail font's flag is deleted, so it comes back not struck out.
+  EXPECT_FALSE(Stored(kFonts, u"FontMailUnreadlfStrikeOut").present);
+}
+
+TEST_F(LoadSaveTest, HostedTabsLoadInEnumerationOrderAndRenumberBelowTwo) {
+  PutTab(u"Weather", 6, 1);
+  PutTab(u"Battery", 7, 0);
+  PutText(Tab(u"Weather"), u"DLL", u"\\Windows\\wx.dll");
+  Load();
+  ASSERT_EQ(store->tabs.size(), 2u);
+  EXPECT_EQ(store->tabs[0].name.View(), u"Battery");
+  EXPECT_EQ(store->tabs[1].library.View(), u"\\Windows\\wx.dll");
+  EXPECT_EQ(store->tabs[1].order, 6);
+  EXPECT_EQ(store->SEventsTabOrder, 5);
+
+  PutTab(u"Battery", 1, 1);
+  Put(kTabs, u"NotesTabOrder", 0);
+  Reload();
+  EXPECT_EQ(store->TasksTabOrder, 2);
+  EXPECT_EQ(store->SEventsTabOrder, 3);
+  EXPECT_EQ(store->tabs[0].order, 4);
+  EXPECT_EQ(store->tabs[1].order, 5);
+  EXPECT_EQ(store->NotesTabOrder, 0) << "Notes and Messages orders are not checked";
+}
+
+TEST_F(LoadSaveTest, SaveRewritesHostedTabsButKeepsContacts) {
+  PutTab(u"Contacts", 6, 1);
+  PutTab(u"Old", 7, 1);
+  Put(Tab(u"Old\\Deeper"), u"X", 1);
+  Load();
+  ASSERT_EQ(store->tabs.size(), 2u);
+  store->tabs.erase(store->tabs.begin() + 1);  // "Old" removed on the Tabs page
+  store->tabs.emplace_back().name.Assign(u"New");  // all defaults: an empty subkey
+  Save();
+  EXPECT_EQ(SubkeyNames(registry(), kCurrentUser, kTabs), (std::vector<std::u16string>{u"Contacts", u"New"}));
+  EXPECT_TRUE(ValueNames(registry(), kCurrentUser, Tab(u"New")).empty());
+  EXPECT_EQ(Stored(Tab(u"Contacts"), u"Order").dword, 6u);
+  store->tabs.clear();
+  Save();
+  EXPECT_EQ(SubkeyNames(registry(), kCurrentUser, kTabs), std::vector<std::u16string>{u"Contacts"})
+      << "Contacts survives even when the record no longer lists it";
+}
+
+// Counts the calls that reach a registry.
+class CountingRegistry : public Registry {
+ public:
+  explicit CountingRegistry(Registry& inner) : inner_(inner) {}
+  long Open(RegKey parent, std::u16string_view path, bool create, RegKey& key) override {
+    ++opensByPath[std::u16string(path)];
+    return ++opens, inner_.Open(parent, path, create, key);
+  }
+  long Close(RegKey key) override { return ++closes, inner_.Close(key); }
+  long Query(RegKey key, std::u16string_view name, std::uint32_t& type, void* data, std::uint32_t& size) override {
+    return ++queries, inner_.Query(key, name, type, data, size);
+  }
+  long Set(RegKey key, std::u16string_view name, std::uint32_t type, const void* data, std::uint32_t size) override {
+    ++writesByName[std::u16string(name)];
+    return ++sets, inner_.Set(key, name, type, data, size);
+  }
+  long DeleteValue(RegKey key, std::u16string_view name) override {
+    ++writesByName[std::u16string(name)];
+    return ++deletes, inner_.DeleteValue(key, name);
+  }
+  long EnumValue(RegKey key, std::uint32_t index, char16_t* name, std::uint32_t& chars, std::uint32_t& type,
+                 void* data, std::uint32_t& size) override {
+    return inner_.EnumValue(key, index, name, chars, type, data, size);
+  }
+  long EnumKey(RegKey key, std::uint32_t index, char16_t* name, std::uint32_t& chars) override {
+    return inner_.EnumKey(key, index, name, chars);
+  }
+  long DeleteTree(RegKey parent, std::u16string_view subkey) override { return inner_.DeleteTree(parent, subkey); }
+
+  int opens = 0, closes = 0, queries = 0, sets = 0, deletes = 0;
+  std::map<std::u16string, int> opensByPath, writesByName;
+
+ private:
+  Registry& inner_;
+};
 
 // How much registry work one load and one save do: every loaded value is one
 // query, and the save writes or deletes each saved value exactly once.
 TEST_F(LoadSaveTest, LoadQueriesEachValueOnceAndSaveWritesEachOnce) {
   WriteText(registry(), kLocalMachine, u"Software\\Microsoft\\today\\items\\Tidewell", u"ProgramFiles",
             u"\\Program Files");
-  for (const char16_t* tab : {u"Alpha", u"Beta"}) {
-    Put(std::u16string(kTabs) + u"\\" + tab, u"Order", 7);
-  }
-  std::size_t loadedValues = 2 + 3;  // install folders, other vendors' folders
-  std::size_t savedValues = 0;
+  PutTab(u"Alpha", 7, 1);
+  PutTab(u"Beta", 7, 1);
+  std::size_t loadedValues = 2 + 3 + 2 * HostedTabValues().size();  // install and other vendors' folders
+  std::size_t savedValues = 2 * HostedTabValues().size();
   for (const KeySpec* key : ProductKeys()) {
     loadedValues += key->values.size() + 6 * key->fonts.size();
     for (const ValueSpec& value : key->values) savedValues += value.saved;
     savedValues += 6 * key->fonts.size();
   }
-  loadedValues += 2 * HostedTabValues().size();
-  savedValues += 2 * HostedTabValues().size();
 
-  CountingRegistry counting(registry());
-  LoadSettings(*store, Environment(counting));
-  EXPECT_EQ(counting.counts.queries, static_cast<int>(loadedValues));
-  EXPECT_EQ(counting.counts.opens, counting.counts.closes);
-  RecordProperty("LoadQueries", counting.counts.queries);
+  CountingRegistry load(registry());
+  LoadSettings(*store, Environment(load));
+  EXPECT_EQ(load.queries, static_cast<int>(loadedValues));
+  EXPECT_EQ(load.opens, load.closes);
 
-  counting.Reset();
-  SaveSettings(*store, Environment(counting));
-  EXPECT_EQ(counting.counts.queries, 0);
-  EXPECT_EQ(counting.counts.sets + counting.counts.deletes, static_cast<int>(savedValues));
-  for (const auto& [name, writes] : counting.counts.writesByName)
-    if (name != u"Enabled" && name != u"Dynamic" && name != u"Order" && name != u"Type" &&
-        name != u"DLL" && name != u"InstallPath" && name != u"CustomIconName")
+  CountingRegistry save(registry());
+  SaveSettings(*store, Environment(save));
+  EXPECT_EQ(save.queries, 0);
+  EXPECT_EQ(save.sets + save.deletes, static_cast<int>(savedValues));
+  // Names that several keys share (hosted tabs, install paths) are written once per key.
+  const std::set<std::u16string> shared = {u"Enabled", u"Dynamic", u"Order", u"Type", u"DLL", u"InstallPath",
+                                           u"CustomIconName"};
+  for (const auto& [name, writes] : save.writesByName)
+    if (!shared.contains(name)) {
       EXPECT_EQ(writes, 1) << Show(name);
-  EXPECT_EQ(counting.counts.opens, static_cast<int>(ProductKeys().size()) + 2);
-  for (const KeySpec* key : ProductKeys()) EXPECT_EQ(counting.counts.opensByPath[key->path], 1) << Show(key->path);
-  EXPECT_EQ(counting.counts.opens, counting.counts.closes);
+    }
+  EXPECT_EQ(save.opens, static_cast<int>(ProductKeys().size()) + 2);
+  for (const KeySpec* key : ProductKeys()) EXPECT_EQ(save.opensByPath[key->path], 1) << Show(key->path);
+  EXPECT_EQ(save.opens, save.closes);
   std::printf("load: %d queries for %zu values; save: %d opens, %d sets + %d deletes for %zu values, %d queries\n",
-              static_cast<int>(loadedValues), loadedValues, counting.counts.opens, counting.counts.sets,
-              counting.counts.deletes, savedValues, counting.counts.queries);
+              load.queries, loadedValues, save.opens, save.sets, save.deletes, savedValues, save.queries);
 }
 
 }  // namespace

@@ -11,10 +11,6 @@ namespace {
 
 constexpr std::uint8_t kRaw = 2, kRunLength = 10;
 
-struct Bgra {
-  std::uint8_t b, g, r, a;
-};
-
 // An 18-byte header, an identification field of idLength bytes, then body.
 std::vector<std::uint8_t> Targa(std::uint8_t type, int width, int height, std::uint8_t depth,
                                 std::uint8_t descriptor, std::initializer_list<std::uint8_t> body,
@@ -34,51 +30,30 @@ TargaImage Decode(const std::vector<std::uint8_t>& bytes) {
   return image;
 }
 
-Bgra At(const TargaImage& image, int x, int y) {
+// Pixel (x, y) as b, g, r, a.
+std::vector<int> At(const TargaImage& image, int x, int y) {
   std::size_t i = static_cast<std::size_t>(y) * image.width + x;
   return {image.blue[i], image.green[i], image.red[i], image.alpha[i]};
 }
-
-#define EXPECT_PIXEL(image, x, y, B, G, R, A)                                              \
-  do {                                                                                     \
-    Bgra p = At(image, x, y);                                                              \
-    EXPECT_EQ((std::vector<int>{p.b, p.g, p.r, p.a}), (std::vector<int>{B, G, R, A}))      \
-        << "pixel (" << (x) << ", " << (y) << ") as b, g, r, a";                           \
-  } while (0)
+using Pixel = std::vector<int>;
 
 TEST(TargaTest, RowOrderComesFromBitFourOnly) {
   // Two rows of one pixel: stored first is blue 10, second blue 20.
-  struct Case {
-    std::uint8_t descriptor;
-    int topBlue;
-  } cases[] = {{0x00, 20}, {0x20, 20}, {0x10, 10}, {0x30, 10}, {0x08, 20}, {0x18, 10}};
-  for (const Case& c : cases) {
-    TargaImage image = Decode(Targa(kRaw, 1, 2, 24, c.descriptor, {10, 0, 0, 20, 0, 0}));
-    EXPECT_EQ(At(image, 0, 0).b, c.topBlue) << "descriptor " << int(c.descriptor);
+  for (auto [descriptor, topBlue] : {std::pair{0x00, 20}, {0x20, 20}, {0x10, 10}, {0x30, 10}, {0x08, 20}, {0x18, 10}}) {
+    TargaImage image = Decode(Targa(kRaw, 1, 2, 24, descriptor, {10, 0, 0, 20, 0, 0}));
+    EXPECT_EQ(At(image, 0, 0)[0], topBlue) << "descriptor " << descriptor;
   }
-}
-
-TEST(TargaTest, SplitsPixelsIntoPlanes) {
-  TargaImage image = Decode(Targa(kRaw, 2, 1, 32, 0x18, {1, 2, 3, 4, 5, 6, 7, 8}));
-  ASSERT_EQ(image.width, 2);
-  ASSERT_EQ(image.height, 1);
-  EXPECT_PIXEL(image, 0, 0, 1, 2, 3, 4);
-  EXPECT_PIXEL(image, 1, 0, 5, 6, 7, 8);
 }
 
 TEST(TargaTest, AnyDepthButThirtyTwoIsThreeOpaqueBytes) {
+  TargaImage wide = Decode(Targa(kRaw, 2, 1, 32, 0x18, {1, 2, 3, 4, 5, 6, 7, 8}));
+  EXPECT_EQ(At(wide, 1, 0), (Pixel{5, 6, 7, 8}));
   for (std::uint8_t depth : {24, 16, 8, 0, 33}) {
-    TargaImage image = Decode(Targa(kRaw, 2, 1, depth, 0x10, {1, 2, 3, 4, 5, 6}));
-    EXPECT_PIXEL(image, 0, 0, 1, 2, 3, 255);
-    EXPECT_PIXEL(image, 1, 0, 4, 5, 6, 255);
+    TargaImage image = Decode(Targa(kRaw, 2, 1, depth, 0x10, {1, 2, 3, 4, 5, 6}, depth));
+    EXPECT_EQ(At(image, 1, 0), (Pixel{4, 5, 6, 255})) << "depth " << int(depth) << ", its size as the id field";
   }
   TargaImage packed = Decode(Targa(kRunLength, 3, 1, 24, 0x10, {0x82, 9, 8, 7}));
-  for (int x = 0; x < 3; ++x) EXPECT_PIXEL(packed, x, 0, 9, 8, 7, 255);
-}
-
-TEST(TargaTest, SkipsTheIdentificationField) {
-  TargaImage image = Decode(Targa(kRaw, 1, 1, 24, 0, {1, 2, 3}, 200));
-  EXPECT_PIXEL(image, 0, 0, 1, 2, 3, 255);
+  EXPECT_EQ(At(packed, 2, 0), (Pixel{9, 8, 7, 255}));
 }
 
 TEST(TargaTest, RefusesOtherKindsAndEmptiesTheImage) {
@@ -101,51 +76,38 @@ TEST(TargaTest, RunLengthPacketsMayOverrunTheirRow) {
                                   {0x02, 'B', 0, 0, 'C', 0, 0, 'D', 0, 0, 0x84, 'A', 0, 0}));
   const char expected[2][3] = {{'A', 'A', 'A'}, {'A', 'A', 'D'}};
   for (int y = 0; y < 2; ++y)
-    for (int x = 0; x < 3; ++x) EXPECT_EQ(At(image, x, y).b, expected[y][x]) << x << ", " << y;
+    for (int x = 0; x < 3; ++x) EXPECT_EQ(At(image, x, y)[0], expected[y][x]) << x << ", " << y;
 
   // Packets running past the last byte of the planes are dropped there.
-  TargaImage tail = Decode(Targa(kRunLength, 2, 2, 32, 0x10,
-                                 {0x81, 1, 1, 1, 1, 0xFF, 2, 2, 2, 2, 0x7F}));
-  EXPECT_PIXEL(tail, 1, 1, 2, 2, 2, 2);
+  TargaImage tail = Decode(Targa(kRunLength, 2, 2, 32, 0x10, {0x81, 1, 1, 1, 1, 0xFF, 2, 2, 2, 2, 0x7F}));
+  EXPECT_EQ(At(tail, 1, 1), (Pixel{2, 2, 2, 2}));
   TargaImage rawTail = Decode(Targa(kRunLength, 1, 1, 32, 0x10, {0x7F, 3, 3, 3, 3}));
-  EXPECT_PIXEL(rawTail, 0, 0, 3, 3, 3, 3);
+  EXPECT_EQ(At(rawTail, 0, 0), (Pixel{3, 3, 3, 3}));
 }
 
 TEST(TargaTest, MissingBytesReadAsZeros) {
   TargaImage raw = Decode(Targa(kRaw, 2, 2, 32, 0x10, {9, 9, 9, 9, 7}));
-  EXPECT_PIXEL(raw, 0, 0, 9, 9, 9, 9);
-  EXPECT_PIXEL(raw, 1, 0, 7, 0, 0, 0);
-  EXPECT_PIXEL(raw, 1, 1, 0, 0, 0, 0);
-
+  EXPECT_EQ(At(raw, 1, 0), (Pixel{7, 0, 0, 0}));
+  EXPECT_EQ(At(raw, 1, 1), (Pixel{0, 0, 0, 0}));
   // A zero packet byte is a raw packet of one pixel: the rows still fill.
   TargaImage packed = Decode(Targa(kRunLength, 3, 2, 24, 0x10, {0x81, 5, 5, 5}));
-  EXPECT_PIXEL(packed, 1, 0, 5, 5, 5, 255);
-  EXPECT_PIXEL(packed, 2, 0, 0, 0, 0, 255);
-  EXPECT_PIXEL(packed, 2, 1, 0, 0, 0, 255);
-
-  std::vector<std::uint8_t> headerOnly = {0, 0, kRaw, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3};
-  TargaImage cut = Decode(headerOnly);
+  EXPECT_EQ(At(packed, 1, 0), (Pixel{5, 5, 5, 255}));
+  EXPECT_EQ(At(packed, 2, 1), (Pixel{0, 0, 0, 255}));
+  TargaImage cut = Decode({0, 0, kRaw, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3});
   EXPECT_EQ(cut.width, 3);
   EXPECT_TRUE(cut.Empty()) << "height read as 0";
 }
 
-TEST(TargaTest, EmptyAndOversizedImages) {
-  TargaImage empty = Decode(Targa(kRaw, 5, 0, 32, 0, {}));
-  EXPECT_TRUE(empty.Empty());
-  EXPECT_EQ(empty.height, 0);
-
+TEST(TargaTest, SizeLimit) {
   TargaImage image;
-  auto huge = Targa(kRunLength, 1025, 1024, 32, 0, {});
-  EXPECT_EQ(DecodeTarga(huge.data(), huge.size(), image), kTargaFailure);
-  auto widest = Targa(kRaw, 65535, 65535, 32, 0, {});
-  EXPECT_EQ(DecodeTarga(widest.data(), widest.size(), image), kTargaFailure);
-  EXPECT_TRUE(image.Empty());
-
+  for (auto bytes : {Targa(kRunLength, 1025, 1024, 32, 0, {}), Targa(kRaw, 65535, 65535, 32, 0, {})}) {
+    EXPECT_EQ(DecodeTarga(bytes.data(), bytes.size(), image), kTargaFailure) << bytes[12] + 256 * bytes[13];
+    EXPECT_TRUE(image.Empty());
+  }
   auto largest = Targa(kRunLength, 1024, 1024, 32, 0x10, {0xFF, 1, 2, 3, 4});
   ASSERT_EQ(DecodeTarga(largest.data(), largest.size(), image), 0);
-  EXPECT_PIXEL(image, 127, 0, 1, 2, 3, 4);
-  EXPECT_PIXEL(image, 128, 0, 0, 0, 0, 0);
-  EXPECT_PIXEL(image, 1023, 1023, 0, 0, 0, 0);
+  EXPECT_EQ(At(image, 127, 0), (Pixel{1, 2, 3, 4}));
+  EXPECT_EQ(At(image, 128, 0), (Pixel{0, 0, 0, 0}));
 }
 
 class TargaFileTest : public test::PlatformTest {};
@@ -156,8 +118,7 @@ TEST_F(TargaFileTest, ReadsThroughTheFileSystem) {
   ASSERT_TRUE(files().WriteAll(path, bytes.data(), bytes.size()));
   TargaImage image;
   ASSERT_EQ(ReadTargaFile(files(), path, image), 0);
-  EXPECT_PIXEL(image, 0, 0, 4, 3, 2, 1);
-
+  EXPECT_EQ(At(image, 0, 0), (Pixel{4, 3, 2, 1}));
   EXPECT_EQ(ReadTargaFile(files(), Folder() + u"\\missing.tga", image), kTargaFailure);
   EXPECT_TRUE(image.Empty());
 }

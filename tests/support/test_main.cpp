@@ -45,30 +45,30 @@ void WriteText(Registry& registry, RegKey root, std::u16string_view path,
            static_cast<std::uint32_t>((data.size() + 1) * 2));
 }
 
-std::vector<std::u16string> ValueNames(Registry& registry, RegKey root, std::u16string_view path) {
+namespace {
+
+// Value names, or subkey names, in enumeration order.
+std::vector<std::u16string> Names(Registry& registry, RegKey root, std::u16string_view path, bool subkeys) {
   std::vector<std::u16string> names;
   ScopedKey key(registry, root, path, false);
-  if (!key) return names;
-  for (std::uint32_t i = 0;; ++i) {
-    char16_t name[16384];
-    std::uint32_t chars = 16384, type = 0, size = 0;
-    if (registry.EnumValue(key.get(), i, name, chars, type, nullptr, size) != kRegSuccess) break;
+  char16_t name[16384];
+  for (std::uint32_t i = 0, chars = 16384, type = 0, size = 0; key; ++i, chars = 16384) {
+    if ((subkeys ? registry.EnumKey(key.get(), i, name, chars)
+                 : registry.EnumValue(key.get(), i, name, chars, type, nullptr, size)) != kRegSuccess)
+      break;
     names.emplace_back(name, chars);
   }
   return names;
 }
 
+}  // namespace
+
+std::vector<std::u16string> ValueNames(Registry& registry, RegKey root, std::u16string_view path) {
+  return Names(registry, root, path, false);
+}
+
 std::vector<std::u16string> SubkeyNames(Registry& registry, RegKey root, std::u16string_view path) {
-  std::vector<std::u16string> names;
-  ScopedKey key(registry, root, path, false);
-  if (!key) return names;
-  for (std::uint32_t i = 0;; ++i) {
-    char16_t name[256];
-    std::uint32_t chars = 256;
-    if (registry.EnumKey(key.get(), i, name, chars) != kRegSuccess) break;
-    names.emplace_back(name, chars);
-  }
-  return names;
+  return Names(registry, root, path, true);
 }
 
 bool KeyExists(Registry& registry, RegKey root, std::u16string_view path) {
