@@ -2,27 +2,53 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <cstring>
+
 #include "platform/win32/wide.h"
 
 namespace tw {
 namespace {
 
+// Readers of line files ask for one byte at a time; the handle is read a
+// block at a time so that each byte is not a system call.
 class HandleFile : public File {
  public:
   explicit HandleFile(HANDLE handle) : handle_(handle) {}
   ~HandleFile() override { CloseHandle(handle_); }
   std::size_t Read(void* buffer, std::size_t size) override {
-    DWORD got = 0;
-    return ReadFile(handle_, buffer, static_cast<DWORD>(size), &got, nullptr) ? got : 0;
+    auto* out = static_cast<std::uint8_t*>(buffer);
+    std::size_t done = 0;
+    while (done < size) {
+      if (next_ == filled_ && !Fill()) break;
+      std::size_t n = std::min(size - done, filled_ - next_);
+      std::memcpy(out + done, block_ + next_, n);
+      next_ += n;
+      done += n;
+    }
+    return done;
   }
   bool Write(const void* data, std::size_t size) override {
     DWORD written = 0;
     return WriteFile(handle_, data, static_cast<DWORD>(size), &written, nullptr) && written == size;
   }
-  bool Rewind() override { return SetFilePointer(handle_, 0, nullptr, FILE_BEGIN) != INVALID_SET_FILE_POINTER; }
+  bool Rewind() override {
+    next_ = filled_ = 0;
+    return SetFilePointer(handle_, 0, nullptr, FILE_BEGIN) != INVALID_SET_FILE_POINTER;
+  }
 
  private:
+  bool Fill() {
+    DWORD got = 0;
+    next_ = filled_ = 0;
+    if (!ReadFile(handle_, block_, sizeof block_, &got, nullptr)) return false;
+    filled_ = got;
+    return got > 0;
+  }
+
   HANDLE handle_;
+  std::uint8_t block_[4096];
+  std::size_t next_ = 0, filled_ = 0;
 };
 
 std::unique_ptr<File> Wrap(HANDLE handle) {
