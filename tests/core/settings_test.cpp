@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <map>
+#include <set>
 
 #include "app/scaling.h"
 #include "app/text.h"
@@ -292,6 +293,7 @@ class CountingRegistry : public Registry {
  public:
   explicit CountingRegistry(Registry& inner) : inner_(inner) {}
   long Open(RegKey parent, std::u16string_view path, bool create, RegKey& key) override {
+    ++opensByPath[std::u16string(path)];
     return ++opens, inner_.Open(parent, path, create, key);
   }
   long Close(RegKey key) override { return ++closes, inner_.Close(key); }
@@ -299,9 +301,13 @@ class CountingRegistry : public Registry {
     return ++queries, inner_.Query(key, name, type, data, size);
   }
   long Set(RegKey key, std::u16string_view name, std::uint32_t type, const void* data, std::uint32_t size) override {
+    ++writesByName[std::u16string(name)];
     return ++sets, inner_.Set(key, name, type, data, size);
   }
-  long DeleteValue(RegKey key, std::u16string_view name) override { return ++deletes, inner_.DeleteValue(key, name); }
+  long DeleteValue(RegKey key, std::u16string_view name) override {
+    ++writesByName[std::u16string(name)];
+    return ++deletes, inner_.DeleteValue(key, name);
+  }
   long EnumValue(RegKey key, std::uint32_t index, char16_t* name, std::uint32_t& chars, std::uint32_t& type,
                  void* data, std::uint32_t& size) override {
     return inner_.EnumValue(key, index, name, chars, type, data, size);
@@ -312,6 +318,7 @@ class CountingRegistry : public Registry {
   long DeleteTree(RegKey parent, std::u16string_view subkey) override { return inner_.DeleteTree(parent, subkey); }
 
   int opens = 0, closes = 0, queries = 0, sets = 0, deletes = 0;
+  std::map<std::u16string, int> opensByPath, writesByName;
 
  private:
   Registry& inner_;
@@ -342,6 +349,13 @@ TEST_F(LoadSaveTest, LoadQueriesEachValueOnceAndSaveWritesEachOnce) {
   EXPECT_EQ(save.queries, 0);
   EXPECT_EQ(save.sets + save.deletes, static_cast<int>(savedValues));
   EXPECT_EQ(save.opens, static_cast<int>(ProductKeys().size()) + 2) << "each key once, and each hosted tab's";
+  for (const KeySpec* key : ProductKeys()) EXPECT_EQ(save.opensByPath[key->path], 1) << Show(key->path);
+  for (const char16_t* tab : {u"\\Alpha", u"\\Beta"})
+    EXPECT_EQ(save.opensByPath[std::u16string(kTabs) + tab], 1) << Show(tab);
+  std::set<std::u16string> perTab;
+  for (const TabValueSpec& value : HostedTabValues()) perTab.insert(value.name);
+  for (const auto& [name, writes] : save.writesByName)
+    EXPECT_EQ(writes, perTab.count(name) ? 2 : 1) << Show(name) << " written or deleted more than once";
   EXPECT_EQ(save.opens, save.closes);
   std::printf("load: %d queries for %zu values; save: %d opens, %d sets + %d deletes for %zu values, %d queries\n",
               load.queries, loadedValues, save.opens, save.sets, save.deletes, savedValues, save.queries);
