@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/miss_caching_registry.h"
+
 namespace tw {
 namespace {
 
@@ -83,15 +85,17 @@ void LoadCategories(CategoryData& data, const CategoryPlatform& platform,
     BitmapHandle handle = platform.bitmaps.Load(CategoryBitmapPath(iconsFolder, entry.name.View()));
     entry.bitmap = Bitmap(platform.bitmaps, handle);
   }
+  // Categories without a colour or a filter have no value: the key is listed once.
+  MissCachingRegistry registry(platform.registry);
   {
-    ScopedKey key(platform.registry, kCurrentUser, kCategoriesKey.path, true);
+    ScopedKey key(registry, kCurrentUser, kCategoriesKey.path, true);
     for (CategoryEntry& entry : data.categories.entries)
-      ReadAttribute(platform.registry, key.get(), ValueName(kColorPrefix, entry), entry.color);
+      ReadAttribute(registry, key.get(), ValueName(kColorPrefix, entry), entry.color);
   }
   {
-    ScopedKey key(platform.registry, kCurrentUser, kCategoriesKey.path, true);
+    ScopedKey key(registry, kCurrentUser, kCategoriesKey.path, true);
     for (CategoryEntry& entry : data.categories.entries)
-      ReadAttribute(platform.registry, key.get(), ValueName(kFilterPrefix, entry), entry.filterMask);
+      ReadAttribute(registry, key.get(), ValueName(kFilterPrefix, entry), entry.filterMask);
   }
   ReadFilters(data.filters, platform.files, filtersFolder);
 }

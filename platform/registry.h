@@ -44,7 +44,8 @@ class Registry {
   virtual long Close(RegKey key) = 0;
   // RegQueryValueExW: size is the buffer in bytes on entry, the data's size on
   // return. A short buffer fails with kRegMoreData and copies nothing; data may
-  // be null to ask for the size only.
+  // be null to ask for the size only. After any other failure type and size
+  // say nothing (Wine zeroes some of them, the in-memory registry none).
   virtual long Query(RegKey key, std::u16string_view name, std::uint32_t& type,
                      void* data, std::uint32_t& size) = 0;
   virtual long Set(RegKey key, std::u16string_view name, std::uint32_t type,

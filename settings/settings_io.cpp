@@ -5,6 +5,7 @@
 #include "app/scaling.h"
 #include "app/text.h"
 #include "data/skin.h"
+#include "platform/miss_caching_registry.h"
 #include "settings/registry_values.h"
 
 namespace tw {
@@ -169,13 +170,16 @@ void SaveHostedTab(const TabEntry& entry, Registry& registry, RegKey key) {
 }
 
 void LoadSettings(SettingsStore& store, const SettingsEnvironment& environment) {
-  LoadInstallFolders(store, environment.registry);
-  LoadVendorFolders(store, environment.registry, kAgendaFusion);
-  LoadVendorFolders(store, environment.registry, kPocketInformant);
+  // Most values are absent: each key is listed once instead of asked for each.
+  MissCachingRegistry registry(environment.registry);
+  const SettingsEnvironment listed{registry, environment.locale, environment.files};
+  LoadInstallFolders(store, registry);
+  LoadVendorFolders(store, registry, kAgendaFusion);
+  LoadVendorFolders(store, registry, kPocketInformant);
   for (const KeySpec* key : ProductKeys()) {
-    LoadKey(*key, store, environment);
+    LoadKey(*key, store, listed);
     if (key == &kMainKey)
-      ReadSkin(store.skin, store.dSelectedSkin.View(), store.SkinsFolder.View(), environment.files);
+      ReadSkin(store.skin, store.dSelectedSkin.View(), store.SkinsFolder.View(), listed.files);
   }
 }
 

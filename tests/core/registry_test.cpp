@@ -1,5 +1,7 @@
 // The registry semantics the settings depend on, checked against whichever
 // registry this build runs with (in memory natively, Wine's under Wine).
+#include "platform/miss_caching_registry.h"
+#include "tests/support/counting_registry.h"
 #include "tests/support/test_platform.h"
 
 namespace tw::test {
@@ -73,6 +75,60 @@ TEST_F(RegistryTest, DeletesValuesAndWholeTrees) {
   EXPECT_TRUE(KeyExists(registry(), kCurrentUser, kKey));
   RegKey missing = 0;
   EXPECT_EQ(registry().Open(kCurrentUser, u"Software\\Orvex\\Nowhere", false, missing), kRegNotFound);
+}
+
+// Every query through the listing answers exactly as the registry itself does.
+TEST_F(RegistryTest, ListedKeyAnswersAsTheRegistryAndAsksOnlyForStoredValues) {
+  WriteDword(registry(), kCurrentUser, kKey, u"MixedCase", 5);
+  WriteText(registry(), kCurrentUser, kKey, u"Text", u"twelve chars");
+  std::uint64_t eight = 0x1122334455667788ull;
+  WriteRaw(registry(), kCurrentUser, kKey, u"Wide", kRegDword, &eight, 8);
+  CountingRegistry below(registry());
+  MissCachingRegistry listed(below);
+  ScopedKey plainKey(registry(), kCurrentUser, kKey, false);
+  ScopedKey listedKey(listed, kCurrentUser, kKey, false);
+
+  struct Answer {
+    long result;
+    std::uint32_t type, size;
+    std::uint64_t data;
+    bool operator==(const Answer&) const = default;
+  };
+  auto ask = [](Registry& r, RegKey key, std::u16string_view name, std::uint32_t buffer, bool withData) {
+    Answer a{0, 77, buffer, 0};
+    a.result = r.Query(key, name, a.type, withData ? &a.data : nullptr, a.size);
+    if (a.result != kRegSuccess && a.result != kRegMoreData) a = {a.result, 0, 0, 0};  // nothing else to compare
+    return a;
+  };
+  for (auto name : {u"MixedCase", u"MIXEDCASE", u"mixedcase", u"Text", u"Wide", u"Missing", u"MixedCas", u""})
+    for (std::uint32_t buffer : {0u, 4u, 8u})
+      for (bool withData : {true, false})
+        EXPECT_EQ(ask(listed, listedKey.get(), name, buffer, withData),
+                  ask(registry(), plainKey.get(), name, buffer, withData))
+            << Show(name) << " with a buffer of " << buffer;
+  EXPECT_EQ(below.queries, 3 * 3 * 2 + 2 * 3 * 2) << "the missing names never reach the registry";
+
+  below.queries = 0;
+  EXPECT_EQ(listed.SetDword(listedKey.get(), u"Missing", 9), kRegSuccess);
+  EXPECT_EQ(ask(listed, listedKey.get(), u"missing", 4, true).data, 9u) << "a write forgets the listing";
+  EXPECT_EQ(below.queries, 1);
+}
+
+// Names outside ASCII fold case as the registry decides, so the listing
+// leaves their misses to it.
+TEST_F(RegistryTest, ListingLeavesOtherScriptsToTheRegistry) {
+  WriteDword(registry(), kCurrentUser, kKey, u"CatColor.Ärger", 1);
+  WriteDword(registry(), kCurrentUser, kKey, u"CatColor.Работа", 2);
+  CountingRegistry below(registry());
+  MissCachingRegistry listed(below);
+  ScopedKey key(listed, kCurrentUser, kKey, false);
+  std::uint32_t value = 0, size = 4, type = 0;
+  EXPECT_EQ(listed.Query(key.get(), u"CatColor.ärger", type, &value, size), kRegSuccess);
+  EXPECT_EQ(value, 1u);
+  EXPECT_EQ(listed.Query(key.get(), u"CatColor.работа", type, &value, size), kRegSuccess);
+  EXPECT_EQ(value, 2u);
+  EXPECT_EQ(listed.Query(key.get(), u"CatColor.Home", type, &value, size), kRegNotFound);
+  EXPECT_EQ(below.queries, 3) << "a key with such names answers nothing itself";
 }
 
 }  // namespace
