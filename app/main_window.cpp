@@ -48,11 +48,8 @@ void CreateMenuBar(HWND window) {
   HWND bar = device::CreateMenuBar(window, Shell().language, IDM_MENU_BAR);
   Shell().menuBar = bar;
   if (bar == nullptr) return;
-  int size = LowDensity() ? 16 : 32;
-  HIMAGELIST images = ImageList_LoadImageW(Shell().instance,
-                                           MAKEINTRESOURCEW(LowDensity() ? IDB_MENU_BUTTONS_16 : IDB_MENU_BUTTONS_32),
-                                           size, 0, kMenuButtonMask, IMAGE_BITMAP, LR_CREATEDIBSECTION);
-  SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
+  device::SetMenuBarImages(bar, Shell().instance, LowDensity() ? IDB_MENU_BUTTONS_16 : IDB_MENU_BUTTONS_32,
+                           kMenuButtonMask);
   SendMessageW(bar, TB_ADDBUTTONSW, 2, reinterpret_cast<LPARAM>(kMenuButtons));
 }
 

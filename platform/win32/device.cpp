@@ -111,9 +111,18 @@ int ShowMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT
   return answer;
 }
 
+// The shell library is loaded only when asked: at start-up it would cost
+// Wine the loading of shell32 and its dependencies for nothing.
 std::wstring DocumentsFolder() {
+  using GetFolderPath = BOOL(WINAPI*)(HWND, LPWSTR, int, BOOL);
+  static const auto getFolderPath = [] {
+    HMODULE shell = LoadLibraryW(L"shell32.dll");
+    return shell ? reinterpret_cast<GetFolderPath>(
+                       reinterpret_cast<void*>(GetProcAddress(shell, "SHGetSpecialFolderPathW")))
+                 : nullptr;
+  }();
   wchar_t path[MAX_PATH] = {};
-  if (!SHGetSpecialFolderPathW(nullptr, path, CSIDL_PERSONAL, TRUE)) return L"";
+  if (!getFolderPath || !getFolderPath(nullptr, path, CSIDL_PERSONAL, TRUE)) return L"";
   return path;
 }
 

@@ -48,10 +48,15 @@ HWND CreateFullScreenWindow(DWORD exStyle, const wchar_t* className, const wchar
 
 // SHCreateMenuBar with a plain menu resource: a bar along the bottom of the
 // screen owned by `owner`, with one button per top-level popup of the menu.
-// The bar answers kMenuBarGetMenu and takes the tool bar messages
-// (TB_SETIMAGELIST, TB_ADDBUTTONS, ...) for its image buttons, whose
-// commands go to the owner. Null when the menu cannot be loaded.
+// The bar answers kMenuBarGetMenu, TB_ADDBUTTONS for its image buttons, whose
+// commands go to the owner, and TB_GETRECT. Null when the menu cannot be loaded.
 HWND CreateMenuBar(HWND owner, HINSTANCE menuModule, UINT menuId);
+// The bar's image list: a bitmap resource of square cells side by side, one
+// colour transparent (ImageList_LoadImage with a mask colour and
+// TB_SETIMAGELIST on the device). The bar keeps the bitmap.
+bool SetMenuBarImages(HWND bar, HINSTANCE module, UINT bitmapId, COLORREF mask);
+// The side of the bar's image cells; 0 without images.
+int MenuBarImageSize(HWND bar);
 
 // SHInitDialog with full-screen and Done: the dialog fills the work area and
 // gets a title strip whose OK sends it IDOK.

@@ -1,10 +1,15 @@
-// The device's menu bar: a strip along the bottom of the screen holding a
-// tool bar. Each top-level popup of the menu resource is a text button that
-// opens its popup (the owner sees WM_INITMENUPOPUP and the chosen command);
-// image buttons added through the tool bar messages send their commands to
-// the owner, as on the device.
+// The device's menu bar: a strip along the bottom of the screen with one text
+// button per top-level popup of the menu resource, which opens that popup
+// (the owner sees WM_INITMENUPOPUP and the chosen command), followed by the
+// image buttons added with TB_ADDBUTTONS, which send their commands to the
+// owner. The bar draws its buttons itself: Wine's common controls cost some
+// 17 ms to load, more than everything else the settings window does before
+// its first paint.
 #include <windows.h>
 #include <commctrl.h>
+
+#include <string>
+#include <vector>
 
 #include "platform/win32/device.h"
 
@@ -12,70 +17,157 @@ namespace tw::device {
 namespace {
 
 constexpr wchar_t kClassName[] = L"TwDeviceMenuBar";
-constexpr UINT kFirstPopupCommand = 0xF000;  // far from any command of the program
+
+struct Button {
+  RECT area;
+  int popup;     // index of the menu's popup, or -1
+  int image;     // index in the image strip, or -1
+  int command;   // for image buttons
+  std::wstring text;
+};
 
 struct BarState {
   HWND owner;
   HMENU menu;
-  HWND toolBar;
   HFONT font;
-  int popupCount;
-  bool* attached;  // set once the window has taken the state over
+  HBITMAP images = nullptr;  // square cells side by side
+  COLORREF mask = 0;
+  std::vector<Button> buttons;
+  int pressed = -1;
 };
 
 BarState* StateOf(HWND bar) { return reinterpret_cast<BarState*>(GetWindowLongPtrW(bar, GWLP_USERDATA)); }
 
-void AddPopupButtons(BarState& state) {
-  state.popupCount = GetMenuItemCount(state.menu);
-  for (int i = 0; i < state.popupCount; ++i) {
+int ImageSize(const BarState& state) {
+  BITMAP info = {};
+  return state.images && GetObjectW(state.images, sizeof info, &info) ? info.bmHeight : 0;
+}
+
+// Buttons stand side by side from the left, each as high as the bar below its line.
+void PlaceButton(HWND bar, BarState& state, Button button, int contentWidth) {
+  RECT client;
+  GetClientRect(bar, &client);
+  int padding = client.bottom / 3;
+  int left = state.buttons.empty() ? 0 : state.buttons.back().area.right;
+  button.area = {left, 1, left + contentWidth + 2 * padding, client.bottom};
+  state.buttons.push_back(std::move(button));
+}
+
+void AddPopupButtons(HWND bar, BarState& state) {
+  HDC dc = GetDC(bar);
+  HGDIOBJ oldFont = SelectObject(dc, state.font);
+  int count = GetMenuItemCount(state.menu);
+  for (int i = 0; i < count; ++i) {
     wchar_t text[64] = {};
     GetMenuStringW(state.menu, i, text, 64, MF_BYPOSITION);
-    TBBUTTON button = {};
-    button.iBitmap = I_IMAGENONE;
-    button.idCommand = static_cast<int>(kFirstPopupCommand + i);
-    button.fsState = TBSTATE_ENABLED;
-    button.fsStyle = BTNS_AUTOSIZE | BTNS_SHOWTEXT;
-    button.iString = reinterpret_cast<INT_PTR>(text);
-    SendMessageW(state.toolBar, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+    SIZE extent = {};
+    GetTextExtentPoint32W(dc, text, lstrlenW(text), &extent);
+    PlaceButton(bar, state, {{}, i, -1, 0, text}, extent.cx);
   }
+  SelectObject(dc, oldFont);
+  ReleaseDC(bar, dc);
+}
+
+LRESULT AddImageButtons(HWND bar, BarState& state, int count, const TBBUTTON* buttons) {
+  if (buttons == nullptr) return FALSE;
+  for (int i = 0; i < count; ++i) PlaceButton(bar, state, {{}, -1, buttons[i].iBitmap, buttons[i].idCommand, {}}, ImageSize(state));
+  InvalidateRect(bar, nullptr, TRUE);
+  return TRUE;
+}
+
+LRESULT ButtonRect(const BarState& state, int command, RECT* area) {
+  for (const Button& button : state.buttons)
+    if (button.popup < 0 && button.command == command && area != nullptr) {
+      *area = button.area;
+      return TRUE;
+    }
+  return FALSE;
+}
+
+int ButtonAt(const BarState& state, LPARAM position) {
+  POINT at = {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
+  for (size_t i = 0; i < state.buttons.size(); ++i)
+    if (PtInRect(&state.buttons[i].area, at)) return static_cast<int>(i);
+  return -1;
 }
 
 LRESULT OnCreate(HWND bar, const CREATESTRUCTW* create) {
   auto* state = static_cast<BarState*>(create->lpCreateParams);
-  *state->attached = true;
   SetWindowLongPtrW(bar, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state));
-  state->toolBar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
-                                   WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NORESIZE |
-                                       CCS_NOPARENTALIGN | CCS_NODIVIDER,
-                                   0, 1, create->cx, create->cy - 1, bar, nullptr, create->hInstance, nullptr);
-  if (state->toolBar == nullptr) return -1;
-  SendMessageW(state->toolBar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   state->font = CreateFontW(-(create->cy * 9 / 20), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0,
                             ANTIALIASED_QUALITY, 0, L"Tahoma");
-  SendMessageW(state->toolBar, WM_SETFONT, reinterpret_cast<WPARAM>(state->font), FALSE);
-  SendMessageW(state->toolBar, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
-  AddPopupButtons(*state);
+  AddPopupButtons(bar, *state);
   return 0;
 }
 
-void OpenPopup(HWND bar, BarState& state, int index) {
-  RECT button = {};
-  SendMessageW(state.toolBar, TB_GETRECT, kFirstPopupCommand + index, reinterpret_cast<LPARAM>(&button));
-  MapWindowPoints(state.toolBar, nullptr, reinterpret_cast<POINT*>(&button), 2);
-  RECT area;
-  GetWindowRect(bar, &area);
-  TrackPopupMenu(GetSubMenu(state.menu, index), TPM_LEFTALIGN | TPM_BOTTOMALIGN, button.left, area.top, 0,
+void DrawImage(HDC dc, const BarState& state, const Button& button) {
+  int size = ImageSize(state);
+  HDC memory = CreateCompatibleDC(dc);
+  HGDIOBJ old = SelectObject(memory, state.images);
+  int x = (button.area.left + button.area.right - size) / 2, y = (button.area.top + button.area.bottom - size) / 2;
+  GdiTransparentBlt(dc, x, y, size, size, memory, button.image * size, 0, size, size, state.mask);
+  SelectObject(memory, old);
+  DeleteDC(memory);
+}
+
+// A pressed button shows inverted, as a tapped bar button does on the device.
+void OnPaint(HWND bar) {
+  BarState* state = StateOf(bar);
+  PAINTSTRUCT paint;
+  HDC dc = BeginPaint(bar, &paint);
+  RECT line;
+  GetClientRect(bar, &line);
+  line.bottom = 1;
+  FillRect(dc, &line, GetSysColorBrush(COLOR_BTNSHADOW));
+  HGDIOBJ oldFont = SelectObject(dc, state->font);
+  SetBkMode(dc, TRANSPARENT);
+  for (size_t i = 0; i < state->buttons.size(); ++i) {
+    const Button& button = state->buttons[i];
+    bool pressed = static_cast<int>(i) == state->pressed;
+    FillRect(dc, &button.area, GetSysColorBrush(pressed ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
+    SetTextColor(dc, GetSysColor(pressed ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
+    RECT text = button.area;
+    if (button.popup >= 0) DrawTextW(dc, button.text.c_str(), -1, &text, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    else if (state->images) DrawImage(dc, *state, button);
+  }
+  SelectObject(dc, oldFont);
+  EndPaint(bar, &paint);
+}
+
+void Press(HWND bar, BarState& state, int index) {
+  state.pressed = index;
+  InvalidateRect(bar, nullptr, FALSE);
+  UpdateWindow(bar);
+}
+
+// The popup opens above its button; the button stays pressed while it is open.
+void OpenPopup(HWND bar, BarState& state, const Button& button) {
+  POINT corner = {button.area.left, 0};
+  ClientToScreen(bar, &corner);
+  TrackPopupMenu(GetSubMenu(state.menu, button.popup), TPM_LEFTALIGN | TPM_BOTTOMALIGN, corner.x, corner.y, 0,
                  state.owner, nullptr);
 }
 
-void OnCommand(HWND bar, WPARAM wParam) {
+void OnTapDown(HWND bar, LPARAM position) {
   BarState* state = StateOf(bar);
-  UINT command = LOWORD(wParam);
-  if (command >= kFirstPopupCommand && command < kFirstPopupCommand + static_cast<UINT>(state->popupCount)) {
-    OpenPopup(bar, *state, static_cast<int>(command - kFirstPopupCommand));
+  int index = ButtonAt(*state, position);
+  if (index < 0) return;
+  SetCapture(bar);
+  Press(bar, *state, index);
+}
+
+void OnTapUp(HWND bar, LPARAM position) {
+  BarState* state = StateOf(bar);
+  int index = state->pressed;
+  if (GetCapture() == bar) ReleaseCapture();
+  if (index < 0 || ButtonAt(*state, position) != index) {
+    Press(bar, *state, -1);
     return;
   }
-  SendMessageW(state->owner, WM_COMMAND, MAKEWPARAM(command, 0), 0);
+  Button button = state->buttons[index];
+  if (button.popup >= 0) OpenPopup(bar, *state, button);
+  Press(bar, *state, -1);
+  if (button.popup < 0) SendMessageW(state->owner, WM_COMMAND, MAKEWPARAM(button.command, 0), 0);
 }
 
 void OnDestroy(HWND bar) {
@@ -83,44 +175,35 @@ void OnDestroy(HWND bar) {
   SetWindowLongPtrW(bar, GWLP_USERDATA, 0);
   if (state == nullptr) return;
   // The bar owns what the program gave it: the menu and the button images.
-  auto images = reinterpret_cast<HIMAGELIST>(SendMessageW(state->toolBar, TB_GETIMAGELIST, 0, 0));
-  DestroyWindow(state->toolBar);
-  if (images != nullptr) ImageList_Destroy(images);
   DestroyMenu(state->menu);
   DeleteObject(state->font);
+  if (state->images) DeleteObject(state->images);
   delete state;
 }
-
-// A line along the top divides the bar from the window above it.
-void OnPaint(HWND bar) {
-  PAINTSTRUCT paint;
-  HDC dc = BeginPaint(bar, &paint);
-  RECT line;
-  GetClientRect(bar, &line);
-  line.bottom = 1;
-  FillRect(dc, &line, GetSysColorBrush(COLOR_BTNSHADOW));
-  EndPaint(bar, &paint);
-}
-
-bool IsToolBarMessage(UINT message) { return message >= WM_USER && message < WM_USER + 200; }
 
 LRESULT CALLBACK MenuBarProc(HWND bar, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE:
       return OnCreate(bar, reinterpret_cast<const CREATESTRUCTW*>(lParam));
-    case WM_COMMAND:
-      OnCommand(bar, wParam);
-      return 0;
     case WM_PAINT:
       OnPaint(bar);
+      return 0;
+    case WM_LBUTTONDOWN:
+      OnTapDown(bar, lParam);
+      return 0;
+    case WM_LBUTTONUP:
+      OnTapUp(bar, lParam);
       return 0;
     case WM_DESTROY:
       OnDestroy(bar);
       return 0;
+    case kMenuBarGetMenu:
+      return reinterpret_cast<LRESULT>(StateOf(bar)->menu);
+    case TB_ADDBUTTONSW:
+      return AddImageButtons(bar, *StateOf(bar), static_cast<int>(wParam), reinterpret_cast<const TBBUTTON*>(lParam));
+    case TB_GETRECT:
+      return ButtonRect(*StateOf(bar), static_cast<int>(wParam), reinterpret_cast<RECT*>(lParam));
   }
-  if (message == kMenuBarGetMenu) return reinterpret_cast<LRESULT>(StateOf(bar)->menu);
-  if (IsToolBarMessage(message) && StateOf(bar) != nullptr)
-    return SendMessageW(StateOf(bar)->toolBar, message, wParam, lParam);
   return DefWindowProcW(bar, message, wParam, lParam);
 }
 
@@ -140,22 +223,33 @@ void RegisterOnce(HINSTANCE instance) {
 HWND CreateMenuBar(HWND owner, HINSTANCE menuModule, UINT menuId) {
   HMENU menu = menuModule ? LoadMenuW(menuModule, MAKEINTRESOURCEW(menuId)) : nullptr;
   if (menu == nullptr) return nullptr;
-  INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES};
-  InitCommonControlsEx(&controls);
   HINSTANCE instance = GetModuleHandleW(nullptr);
   RegisterOnce(instance);
-  bool attached = false;
-  auto* state = new BarState{owner, menu, nullptr, nullptr, 0, &attached};
+  auto* state = new BarState{owner, menu, nullptr, nullptr, 0, {}, -1};
   RECT area = Screen().MenuBar();
-  HWND bar = CreateWindowExW(WS_EX_NOACTIVATE, kClassName, L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN,
-                             area.left, area.top, area.right - area.left, area.bottom - area.top, owner, nullptr,
-                             instance, state);
-  // A window that failed after WM_CREATE has let go of the state in WM_DESTROY.
-  if (bar == nullptr && !attached) {
+  HWND bar = CreateWindowExW(WS_EX_NOACTIVATE, kClassName, L"", WS_POPUP | WS_VISIBLE, area.left, area.top,
+                             area.right - area.left, area.bottom - area.top, owner, nullptr, instance, state);
+  if (bar == nullptr) {
     DestroyMenu(menu);
     delete state;
   }
   return bar;
+}
+
+bool SetMenuBarImages(HWND bar, HINSTANCE module, UINT bitmapId, COLORREF mask) {
+  BarState* state = IsWindow(bar) ? StateOf(bar) : nullptr;
+  if (state == nullptr) return false;
+  auto images = static_cast<HBITMAP>(LoadImageW(module, MAKEINTRESOURCEW(bitmapId), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+  if (images == nullptr) return false;
+  if (state->images) DeleteObject(state->images);
+  state->images = images;
+  state->mask = mask;
+  return true;
+}
+
+int MenuBarImageSize(HWND bar) {
+  BarState* state = IsWindow(bar) ? StateOf(bar) : nullptr;
+  return state ? ImageSize(*state) : 0;
 }
 
 }  // namespace tw::device

@@ -102,8 +102,8 @@ bool TransparentImage(HDC destination, int x, int y, int width, int height, HBIT
   HDC memory = CreateCompatibleDC(destination);
   if (!memory) return false;
   HGDIOBJ old = SelectObject(memory, source);
-  BOOL drawn = TransparentBlt(destination, x, y, width, height, memory, sourceX, sourceY, sourceWidth,
-                              sourceHeight, transparent);
+  BOOL drawn = GdiTransparentBlt(destination, x, y, width, height, memory, sourceX, sourceY, sourceWidth,
+                                 sourceHeight, transparent);
   SelectObject(memory, old);
   DeleteDC(memory);
   return drawn != FALSE;

@@ -37,11 +37,9 @@ POINT OnStrip(HWND strip, bool ok) {
 
 // Taps the menu bar button of a command.
 void TapMenuButton(int command) {
-  HWND toolBar = FindWindowExW(Shell().menuBar, nullptr, TOOLBARCLASSNAMEW, nullptr);
-  ASSERT_NE(toolBar, nullptr);
   RECT button = {};
-  SendMessageW(toolBar, TB_GETRECT, command, reinterpret_cast<LPARAM>(&button));
-  Tap(toolBar, {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
+  ASSERT_TRUE(SendMessageW(Shell().menuBar, TB_GETRECT, command, reinterpret_cast<LPARAM>(&button)));
+  Tap(Shell().menuBar, {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
 }
 
 using DeviceTest = AppTest;

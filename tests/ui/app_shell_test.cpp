@@ -252,10 +252,7 @@ TEST_F(ShellTest, DensityPicksThePictureLibraryAndMenuImages) {
     wchar_t path[MAX_PATH] = {};
     GetModuleFileNameW(Shell().pictures, path, MAX_PATH);
     EXPECT_STREQ(wcsrchr(path, L'\\') + 1, screen.library);
-    int width = 0, height = 0;
-    ImageList_GetIconSize(reinterpret_cast<HIMAGELIST>(SendMessageW(Shell().menuBar, TB_GETIMAGELIST, 0, 0)), &width,
-                          &height);
-    EXPECT_EQ(width, screen.menuImage);
+    EXPECT_EQ(device::MenuBarImageSize(Shell().menuBar), screen.menuImage);
     DestroyWindow(Window());
   }
 }
