@@ -165,6 +165,15 @@ std::uint32_t ParseUnsignedLong(std::u16string_view text, int radix, std::size_t
 
 char16_t AsciiLower(char16_t c) { return c >= u'A' && c <= u'Z' ? c + 32 : c; }
 
+bool FoldAsciiName(std::u16string_view name, std::u16string& folded) {
+  folded.assign(name);
+  for (char16_t& c : folded) {
+    if (c > 0x7F) return false;
+    c = AsciiLower(c);
+  }
+  return true;
+}
+
 bool EqualsIgnoreCase(std::u16string_view a, std::u16string_view b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i)

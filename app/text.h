@@ -24,5 +24,8 @@ std::uint32_t ParseUnsignedLong(std::u16string_view text, int radix, std::size_t
 // Case-insensitive equality for ASCII letters only (value names and keys).
 bool EqualsIgnoreCase(std::u16string_view a, std::u16string_view b);
 char16_t AsciiLower(char16_t c);
+// The name with ASCII letters lower-cased, or false when it holds anything
+// but ASCII: other scripts fold case as the registry or file system decides.
+bool FoldAsciiName(std::u16string_view name, std::u16string& folded);
 
 }  // namespace tw

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "app/scaling.h"
+#include "platform/win32/win32_file_system.h"
 #include "resources/resource_ids.h"
 
 namespace tw {
@@ -175,10 +176,13 @@ int PreviewImageIndex(std::u16string_view name) {
 
 void PreviewImageSet::Load(HMODULE library, bool allowHighVariant, std::u16string_view folder, HWND listWindow) {
   Release();
+  // A skin holds a few of the pictures at most: one listing rules out the rest.
+  Win32FileSystem files;
+  FolderListing listing(files, folder);
   for (int i = 0; i < kPreviewImageCount; ++i) {
     const PreviewImageSource& source = kPreviewImages[i];
     LoadSkinImage(images_[i], folder, source.name, library, source.targaId, source.bitmapId, source.transparent,
-                  source.highVariant && allowHighVariant);
+                  source.highVariant && allowHighVariant, &listing);
   }
   listQuery_ = listWindow ? SendMessageW(listWindow, kListQueryMessage, kListQueryParam, 0) : 0;
 }

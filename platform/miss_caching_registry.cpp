@@ -2,22 +2,14 @@
 
 #include <algorithm>
 
+#include "app/text.h"
+
 namespace tw {
 namespace {
 
 // Registry names may be 16,383 characters; settings names are far shorter,
 // and a longer one only makes the listing indecisive.
 constexpr std::uint32_t kNameChars = 256;
-
-// The lower-cased name, or false when it holds anything but ASCII.
-bool AsciiKey(std::u16string_view name, std::u16string& key) {
-  key.assign(name);
-  for (char16_t& c : key) {
-    if (c > 0x7F) return false;
-    if (c >= u'A' && c <= u'Z') c = static_cast<char16_t>(c + 32);
-  }
-  return true;
-}
 
 }  // namespace
 
@@ -31,7 +23,7 @@ const MissCachingRegistry::Listing& MissCachingRegistry::ListingOf(RegKey key) {
     std::uint32_t chars = kNameChars, type = 0, size = 0;
     long result = source_.EnumValue(key, index, name, chars, type, nullptr, size);
     if (result == kRegNoMoreItems) break;
-    if (result != kRegSuccess || !AsciiKey({name, std::min(chars, kNameChars - 1)}, folded)) {
+    if (result != kRegSuccess || !FoldAsciiName({name, std::min(chars, kNameChars - 1)}, folded)) {
       listing.decisive = false;
       break;
     }
@@ -52,7 +44,7 @@ long MissCachingRegistry::Close(RegKey key) {
 long MissCachingRegistry::Query(RegKey key, std::u16string_view name, std::uint32_t& type, void* data,
                                 std::uint32_t& size) {
   std::u16string folded;
-  if (key != 0 && AsciiKey(name, folded)) {
+  if (key != 0 && FoldAsciiName(name, folded)) {
     const Listing& listing = ListingOf(key);
     if (listing.decisive && listing.names.count(folded) == 0) return kRegNotFound;
   }

@@ -76,11 +76,15 @@ HBITMAP LoadBitmapFile(std::u16string_view path) {
   return static_cast<HBITMAP>(bitmaps.Load(path));
 }
 
-bool LoadFromFolder(SkinImage& image, std::u16string_view folder, std::u16string_view baseName, bool allowHigh) {
+bool LoadFromFolder(SkinImage& image, std::u16string_view folder, std::u16string_view baseName, bool allowHigh,
+                    const FolderListing* listing) {
+  auto mayHold = [&](std::u16string_view suffix) {
+    return listing == nullptr || listing->MayHold(std::u16string(baseName) + std::u16string(suffix));
+  };
   std::u16string base = std::u16string(folder) + u"\\" + std::u16string(baseName);
-  if (ReadTargaFile(image, base + u".tga") == 0) return true;
-  HBITMAP bitmap = LoadBitmapFile(base + u".bmp");
-  if (!bitmap && allowHigh) bitmap = LoadBitmapFile(base + u"_high.bmp");
+  if (mayHold(u".tga") && ReadTargaFile(image, base + u".tga") == 0) return true;
+  HBITMAP bitmap = mayHold(u".bmp") ? LoadBitmapFile(base + u".bmp") : nullptr;
+  if (!bitmap && allowHigh && mayHold(u"_high.bmp")) bitmap = LoadBitmapFile(base + u"_high.bmp");
   return KeepBitmap(image, bitmap);
 }
 
@@ -131,10 +135,11 @@ std::int32_t ReadTargaResource(SkinImage& image, HMODULE module, const wchar_t* 
 }
 
 int LoadSkinImage(SkinImage& image, std::u16string_view folder, std::u16string_view baseName, HMODULE module,
-                  int targaId, int bitmapId, COLORREF transparent, bool allowHighVariant) {
+                  int targaId, int bitmapId, COLORREF transparent, bool allowHighVariant,
+                  const FolderListing* listing) {
   image.Release();
   image.transparentColor = transparent;
-  if (!folder.empty() && LoadFromFolder(image, folder, baseName, allowHighVariant)) return 1;
+  if (!folder.empty() && LoadFromFolder(image, folder, baseName, allowHighVariant, listing)) return 1;
   if (targaId != -1 && ReadTargaResource(image, module, MAKEINTRESOURCEW(targaId)) == 0) return 1;
   if (bitmapId != -1 &&
       KeepBitmap(image, static_cast<HBITMAP>(LoadImageW(module, MAKEINTRESOURCEW(bitmapId), IMAGE_BITMAP, 0, 0,

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "data/targa.h"
+#include "platform/folder_listing.h"
 
 namespace tw {
 
@@ -43,10 +44,12 @@ std::int32_t ReadTargaResource(SkinImage& image, HMODULE module, const wchar_t* 
 
 // Tries, in order: folder\baseName.tga; folder\baseName.bmp; when allowed and
 // the .bmp failed, folder\baseName_high.bmp (no files when folder is empty);
-// the Targa resource; the bitmap resource (ids of -1 are skipped).
+// the Targa resource; the bitmap resource (ids of -1 are skipped). A listing
+// of the folder, when given, spares the files it rules out.
 // Returns 1 when one of them loaded, else 0.
 int LoadSkinImage(SkinImage& image, std::u16string_view folder, std::u16string_view baseName, HMODULE module,
-                  int targaId, int bitmapId, COLORREF transparent, bool allowHighVariant);
+                  int targaId, int bitmapId, COLORREF transparent, bool allowHighVariant,
+                  const FolderListing* listing = nullptr);
 
 // Planes are blended over (x, y) at width x height (-1: the image's size),
 // taking from (sourceX, sourceY) and blending at most clipWidth x clipHeight.
