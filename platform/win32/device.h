@@ -26,10 +26,11 @@ struct ScreenGeometry {
   int height = 320;
   int strip = 26;  // title strip and menu bar height in pixels
 
-  RECT TitleStrip() const { return {0, 0, width, strip}; }
   RECT MenuBar() const { return {0, height - strip, width, height}; }
-  // Where a full-screen window goes by default: below the title strip.
+  // Where a full-screen window's client area goes: below the title strip.
   RECT Work() const { return {0, strip, width, height}; }
+  // A window with its title strip: the strip is its own top edge.
+  RECT WorkWithStrip() const { return {0, 0, width, height}; }
 };
 
 // Parses "WxH"; false for anything else.
@@ -42,7 +43,7 @@ ScreenGeometry& Screen();
 
 // CreateWindowExW of a top-level window as the device makes it: positions
 // left to the default take the work area; kExCaptionOkButton gives the
-// window a title strip with OK. Styles without a desktop meaning are dropped.
+// window a title strip with OK above it. Styles without a desktop meaning are dropped.
 HWND CreateFullScreenWindow(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style,
                             HINSTANCE instance, void* parameter);
 
@@ -59,14 +60,15 @@ bool SetMenuBarImages(HWND bar, HINSTANCE module, UINT bitmapId, COLORREF mask);
 int MenuBarImageSize(HWND bar);
 
 // SHInitDialog with full-screen and Done: the dialog fills the work area and
-// gets a title strip whose OK sends it IDOK.
+// gets a title strip above it whose OK sends it IDOK.
 bool InitFullScreenDialog(HWND dialog);
 
 // MessageBoxW shown where the device shows it: centred on the device screen.
 int ShowMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT type);
 
-// The title strip of a window: its text and the OK button (IDOK to owner).
-HWND CreateTitleStrip(HWND owner);
+// Gives a window the title strip along its top edge, taken from its client
+// area: its title and the OK button, which sends it IDOK. Once per window.
+bool AttachTitleStrip(HWND window);
 
 // SetForegroundWindow of a handle with its low bit set: the device's way of
 // bringing a window forward together with the windows it owns.

@@ -16,24 +16,48 @@
 namespace tw::test {
 namespace {
 
-// The strip that stands in for the device's title bar above a window.
-HWND TitleStrip(HWND owner) {
-  HWND strip = FindWindowW(L"TwDeviceTitleStrip", nullptr);
-  return strip != nullptr && GetWindow(strip, GW_OWNER) == owner ? strip : nullptr;
-}
-
 void Tap(HWND window, POINT at) {
   SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
   SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
   Pump();
 }
 
-// The middle of the strip's title, or of its OK at the right end.
-POINT OnStrip(HWND strip, bool ok) {
-  RECT area;
-  GetClientRect(strip, &area);
-  return {ok ? area.right - area.bottom / 2 : area.right / 2, area.bottom / 2};
+// A tap at a point of the screen on a window's edge, which the window's hit
+// test names, as the system would deliver it.
+void TapEdge(HWND window, POINT screen) {
+  LPARAM at = MAKELPARAM(screen.x, screen.y);
+  WPARAM hit = SendMessageW(window, WM_NCHITTEST, 0, at);
+  ASSERT_NE(hit, static_cast<WPARAM>(HTCLIENT)) << "the point lies on the client area";
+  SendMessageW(window, WM_NCLBUTTONDOWN, hit, at);
+  SendMessageW(window, WM_NCLBUTTONUP, hit, at);
+  Pump();
 }
+
+// The middle of the title strip above a window's client area, or of its OK at the right end.
+POINT OnStrip(HWND window, bool ok) {
+  RECT area;
+  GetWindowRect(window, &area);
+  int strip = device::Screen().strip;
+  return {ok ? area.right - strip / 2 : (area.left + area.right) / 2, area.top + strip / 2};
+}
+
+// The client area in screen coordinates.
+std::vector<LONG> ClientOnScreen(HWND window) {
+  RECT area;
+  GetClientRect(window, &area);
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+  return {area.left, area.top, area.right, area.bottom};
+}
+
+// The strip's colour at its top left corner, as drawn.
+COLORREF StripPixel(HWND window) {
+  HDC dc = GetWindowDC(window);
+  COLORREF colour = GetPixel(dc, 1, 1);
+  ReleaseDC(window, dc);
+  return colour;
+}
+
+constexpr COLORREF kStripColour = RGB(0x1C, 0x3E, 0x94);
 
 // Taps the menu bar button of a command.
 void TapMenuButton(int command) {
@@ -46,11 +70,12 @@ using DeviceTest = AppTest;
 
 TEST_F(DeviceTest, TitleStripOkIsDone) {
   ASSERT_NE(Start(), nullptr);
-  HWND strip = TitleStrip(Window());
-  ASSERT_NE(strip, nullptr);
-  Tap(strip, OnStrip(strip, false));
+  EXPECT_EQ(ClientOnScreen(Window()), (std::vector<LONG>{0, 26, 240, 294})) << "the strip is the window's top edge";
+  UpdateWindow(Window());
+  EXPECT_EQ(StripPixel(Window()), kStripColour);
+  TapEdge(Window(), OnStrip(Window(), false));
   EXPECT_NE(Window(), nullptr) << "the title is not a button";
-  Tap(strip, OnStrip(strip, true));
+  TapEdge(Window(), OnStrip(Window(), true));
   EXPECT_EQ(Window(), nullptr);
   EXPECT_TRUE(WaitFor([&] { return listener_.Received() == 1; }));
 }
@@ -80,16 +105,14 @@ TEST_F(DeviceTest, FullScreenDialogWithDone) {
   HWND dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &blank.header, nullptr, RecordingDialog, 0);
   ASSERT_NE(dialog, nullptr);
   ASSERT_TRUE(device::InitFullScreenDialog(dialog));
-  RECT area;
-  GetWindowRect(dialog, &area);
-  EXPECT_EQ((std::vector<LONG>{area.left, area.top, area.right, area.bottom}), (std::vector<LONG>{0, 26, 240, 320}));
+  EXPECT_EQ(ClientOnScreen(dialog), (std::vector<LONG>{0, 26, 240, 320}));
   EXPECT_EQ(GetWindowLongPtrW(dialog, GWL_STYLE) & WS_CAPTION, 0) << "the title strip replaces the caption";
-  HWND strip = TitleStrip(dialog);
-  ASSERT_NE(strip, nullptr);
-  Tap(strip, OnStrip(strip, true));
+  ShowWindow(dialog, SW_SHOWNA);
+  RedrawWindow(dialog, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_UPDATENOW);
+  EXPECT_EQ(StripPixel(dialog), kStripColour);
+  TapEdge(dialog, OnStrip(dialog, true));
   EXPECT_EQ(GetWindowLongPtrW(dialog, DWLP_USER), IDOK);
   DestroyWindow(dialog);
-  EXPECT_FALSE(IsWindow(strip)) << "the strip goes with its dialog";
 }
 
 }  // namespace

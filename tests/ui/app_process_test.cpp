@@ -102,7 +102,8 @@ TEST_P(GeometryTest, AboutPageFitsTheScreen) {
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(SelectedPage(window), kAboutPage);
   RECT area;
-  GetWindowRect(window, &area);
+  GetClientRect(window, &area);
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
   EXPECT_EQ((std::vector<LONG>{area.left, area.top, area.right, area.bottom}),
             (std::vector<LONG>{0, geometry.strip, geometry.width, geometry.height - geometry.strip}))
       << "between the title strip and the menu bar";
