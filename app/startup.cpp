@@ -23,15 +23,19 @@ void ReadScreenMetrics() {
 }
 
 bool RegisterMainClass(HINSTANCE instance, const wchar_t* className) {
-  WNDCLASSW wc = {};
-  if (GetClassInfoW(instance, className, &wc)) return true;
+  WNDCLASSEXW wc = {};
+  wc.cbSize = sizeof wc;
+  if (GetClassInfoExW(instance, className, &wc)) return true;
   wc.style = CS_HREDRAW | CS_VREDRAW;
   wc.lpfnWndProc = MainWindowProc;
   wc.hInstance = instance;
   wc.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(IDI_APP));
   wc.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
   wc.lpszClassName = className;
-  return RegisterClassW(&wc) != 0;
+  // The device's classes have one icon; left to itself the desktop would
+  // load a small copy from the resources, at a cost larger than the class's.
+  wc.hIconSm = wc.hIcon;
+  return RegisterClassExW(&wc) != 0;
 }
 
 // The window's bottom edge meets the top of the menu bar.

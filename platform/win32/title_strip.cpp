@@ -122,11 +122,16 @@ LRESULT CALLBACK TitleStripProc(HWND window, UINT message, WPARAM wParam, LPARAM
       OnTap(window, *state, lParam);
       return 0;
     case WM_NCPAINT:
-    case WM_NCACTIVATE:
-    case WM_SETTEXT:
-    case WM_WINDOWPOSCHANGED: {  // a resize "without repainting" still keeps the strip
+    case WM_SETTEXT: {
       LRESULT result = CallWindowProcW(original, window, message, wParam, lParam);
       PaintStrip(window, *state);
+      return result;
+    }
+    case WM_WINDOWPOSCHANGED: {
+      LRESULT result = CallWindowProcW(original, window, message, wParam, lParam);
+      // A resize "without repainting" still keeps the strip.
+      auto* position = reinterpret_cast<const WINDOWPOS*>(lParam);
+      if ((position->flags & SWP_NOREDRAW) && !(position->flags & SWP_NOSIZE)) PaintStrip(window, *state);
       return result;
     }
     case WM_NCDESTROY:
