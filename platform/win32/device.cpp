@@ -42,9 +42,9 @@ HWND CreateFullScreenWindow(DWORD exStyle, const wchar_t* className, const wchar
   // has none, so the window is a popup placed where the device puts it. A
   // visible one is shown once its title strip is in place.
   bool okButton = (exStyle & kExCaptionOkButton) != 0;
-  RECT area = okButton ? Screen().WorkWithStrip() : Screen().Work();
+  RECT work = Screen().Work();
   HWND window = CreateWindowExW(exStyle & ~kExCaptionOkButton, className, title, (style | WS_POPUP) & ~WS_VISIBLE,
-                                area.left, area.top, area.right - area.left, area.bottom - area.top, nullptr,
+                                work.left, work.top, work.right - work.left, work.bottom - work.top, nullptr,
                                 nullptr, instance, parameter);
   if (window == nullptr) return nullptr;
   if (okButton) AttachTitleStrip(window);
@@ -66,11 +66,10 @@ bool InitFullScreenDialog(HWND dialog) {
   SetWindowLongPtrW(dialog, GWL_STYLE, style | WS_POPUP);
   LONG_PTR exStyle = GetWindowLongPtrW(dialog, GWL_EXSTYLE);
   SetWindowLongPtrW(dialog, GWL_EXSTYLE, exStyle & ~static_cast<LONG_PTR>(WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE));
-  bool attached = AttachTitleStrip(dialog);
-  RECT area = Screen().WorkWithStrip();
-  SetWindowPos(dialog, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+  RECT work = Screen().Work();
+  SetWindowPos(dialog, nullptr, work.left, work.top, work.right - work.left, work.bottom - work.top,
                SWP_NOZORDER | SWP_FRAMECHANGED | SWP_NOACTIVATE);
-  return attached;
+  return AttachTitleStrip(dialog);
 }
 
 void EnterDeviceFileSystem() {

@@ -27,10 +27,8 @@ struct ScreenGeometry {
   int strip = 26;  // title strip and menu bar height in pixels
 
   RECT MenuBar() const { return {0, height - strip, width, height}; }
-  // Where a full-screen window's client area goes: below the title strip.
+  // Where a full-screen window goes by default: below the title strip.
   RECT Work() const { return {0, strip, width, height}; }
-  // A window with its title strip: the strip is its own top edge.
-  RECT WorkWithStrip() const { return {0, 0, width, height}; }
 };
 
 // Parses "WxH"; false for anything else.
@@ -66,8 +64,9 @@ bool InitFullScreenDialog(HWND dialog);
 // MessageBoxW shown where the device shows it: centred on the device screen.
 int ShowMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT type);
 
-// Gives a window the title strip along its top edge, taken from its client
-// area: its title and the OK button, which sends it IDOK. Once per window.
+// Gives a window the title strip along its top edge: its title and the OK
+// button, which sends it IDOK. The window grows upwards by the strip; its
+// client area keeps its place and size. Once per window.
 bool AttachTitleStrip(HWND window);
 
 // SetForegroundWindow of a handle with its low bit set: the device's way of

@@ -154,8 +154,10 @@ bool AttachTitleStrip(HWND window) {
   SetPropW(window, kStateProperty, state);
   state->original = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(TitleStripProc)));
-  // The client area gives up the strip now.
-  SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+  RECT area;
+  GetWindowRect(window, &area);
+  SetWindowPos(window, nullptr, area.left, area.top - height, area.right - area.left, area.bottom - area.top + height,
+               SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
   return true;
 }
 
