@@ -1,5 +1,5 @@
 // The desktop's stand-ins for the device's shell, tapped as a user would:
-// the title strip's OK, the menu bar's image buttons, and the full-screen
+// the title strip's OK, the menu bar's buttons and menu, and the full-screen
 // dialog with Done.
 #include <windows.h>
 #include <commctrl.h>
@@ -89,6 +89,25 @@ TEST_F(DeviceTest, MenuBarButtonsSendCancelAndDone) {
   ASSERT_NE(Window(), nullptr);
   TapMenuButton(IDOK);
   EXPECT_EQ(Window(), nullptr);
+}
+
+// While the popup menu runs its own loop, the keys a user presses there:
+// the first item, then Enter.
+void CALLBACK ChooseFirstMenuItem(HWND, UINT, UINT_PTR timer, DWORD) {
+  KillTimer(nullptr, timer);
+  PostMessageW(Shell().mainWindow, WM_KEYDOWN, VK_DOWN, 0);
+  PostMessageW(Shell().mainWindow, WM_KEYDOWN, VK_RETURN, 0);
+}
+
+TEST_F(DeviceTest, MenuBarToolsOpensItsMenuAndSendsTheChoice) {
+  ASSERT_NE(Start(), nullptr);
+  RECT cancel = {};
+  ASSERT_TRUE(SendMessageW(Shell().menuBar, TB_GETRECT, IDM_CANCEL, reinterpret_cast<LPARAM>(&cancel)));
+  UINT_PTR timer = SetTimer(nullptr, 0, 50, ChooseFirstMenuItem);
+  Tap(Shell().menuBar, {cancel.left / 2, (cancel.top + cancel.bottom) / 2});  // Tools stands left of Cancel
+  KillTimer(nullptr, timer);
+  ASSERT_FALSE(answerer_.boxes.empty()) << "no command came from the menu";
+  EXPECT_EQ(answerer_.boxes.back().caption, EnglishText(40209)) << "Export, the first item, was chosen";
 }
 
 INT_PTR CALLBACK RecordingDialog(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
