@@ -2,9 +2,8 @@
 // button per top-level popup of the menu resource, which opens that popup
 // (the owner sees WM_INITMENUPOPUP and the chosen command), followed by the
 // image buttons added with TB_ADDBUTTONS, which send their commands to the
-// owner. The bar draws its buttons itself: Wine's common controls cost some
-// 17 ms to load, more than everything else the settings window does before
-// its first paint.
+// owner. The bar draws its buttons itself: loading Wine's common controls for
+// a tool bar would take some 17 ms, a tenth of the program's start-up.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -70,7 +69,8 @@ void AddPopupButtons(HWND bar, BarState& state) {
 
 LRESULT AddImageButtons(HWND bar, BarState& state, int count, const TBBUTTON* buttons) {
   if (buttons == nullptr) return FALSE;
-  for (int i = 0; i < count; ++i) PlaceButton(bar, state, {{}, -1, buttons[i].iBitmap, buttons[i].idCommand, {}}, ImageSize(state));
+  for (int i = 0; i < count; ++i)
+    PlaceButton(bar, state, {{}, -1, buttons[i].iBitmap, buttons[i].idCommand, {}}, ImageSize(state));
   InvalidateRect(bar, nullptr, TRUE);
   return TRUE;
 }
@@ -239,7 +239,8 @@ HWND CreateMenuBar(HWND owner, HINSTANCE menuModule, UINT menuId) {
 bool SetMenuBarImages(HWND bar, HINSTANCE module, UINT bitmapId, COLORREF mask) {
   BarState* state = IsWindow(bar) ? StateOf(bar) : nullptr;
   if (state == nullptr) return false;
-  auto images = static_cast<HBITMAP>(LoadImageW(module, MAKEINTRESOURCEW(bitmapId), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+  auto images = static_cast<HBITMAP>(
+      LoadImageW(module, MAKEINTRESOURCEW(bitmapId), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
   if (images == nullptr) return false;
   if (state->images) DeleteObject(state->images);
   state->images = images;

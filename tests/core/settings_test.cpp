@@ -310,7 +310,8 @@ TEST_F(LoadSaveTest, LoadReadsOnlyStoredValuesAndSaveWritesEachOnce) {
   EXPECT_LE(load.enums, load.opens + storedValues) << "one listing call per key and per value it holds";
   EXPECT_EQ(load.opens, load.closes);
   ASSERT_EQ(store->tabs.size(), 2u);
-  for (const TabEntry& tab : store->tabs) EXPECT_EQ(tab.enabled, 1) << "read through the listing: " << Show(tab.name.View());
+  for (const TabEntry& tab : store->tabs)
+    EXPECT_EQ(tab.enabled, 1) << "read through the listing: " << Show(tab.name.View());
 
   CountingRegistry save(registry());
   SaveSettings(*store, Environment(save));
