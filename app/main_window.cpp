@@ -4,7 +4,7 @@
 #include <commctrl.h>
 
 #include "app/main_window.h"
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "app/shell.h"
 #include "data/categories.h"
 #include "platform/win32/device.h"

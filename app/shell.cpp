@@ -1,6 +1,6 @@
 #include "app/shell.h"
 
-#include "app/load_text.h"
+#include "platform/load_text.h"
 #include "platform/win32/device.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win32_text_library.h"

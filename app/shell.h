@@ -8,7 +8,7 @@
 #include <array>
 #include <memory>
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "data/categories.h"
 #include "pages/preview_cache.h"
 #include "pages/settings_page.h"

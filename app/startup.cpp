@@ -2,7 +2,7 @@
 #include <windows.h>
 
 #include "app/main_window.h"
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "app/shell.h"
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"

@@ -1,15 +1,11 @@
 # The portable core: standard C++ only, text in char16_t. Every .cpp in
-# settings/ and data/ belongs to it, plus the text and scaling helpers of app/.
+# settings/, data/, the platform interfaces and base/ belongs to it.
 file(GLOB TW_CORE_SOURCES CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/settings/*.cpp
   ${PROJECT_SOURCE_DIR}/data/*.cpp
-  ${PROJECT_SOURCE_DIR}/platform/*.cpp)
-add_library(tw_core STATIC
-  ${TW_CORE_SOURCES}
-  ${PROJECT_SOURCE_DIR}/app/wide_string.cpp
-  ${PROJECT_SOURCE_DIR}/app/scaling.cpp
-  ${PROJECT_SOURCE_DIR}/app/load_text.cpp
-  ${PROJECT_SOURCE_DIR}/app/text.cpp)
+  ${PROJECT_SOURCE_DIR}/platform/*.cpp
+  ${PROJECT_SOURCE_DIR}/base/*.cpp)
+add_library(tw_core STATIC ${TW_CORE_SOURCES})
 target_include_directories(tw_core PUBLIC ${PROJECT_SOURCE_DIR})
 
 # In-memory stand-ins of the platform, used by native tests, benchmarks and fuzzers.

@@ -1,6 +1,6 @@
 #include "data/choice_lists.h"
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 
 namespace tw {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "platform/file_system.h"
 
 namespace tw {

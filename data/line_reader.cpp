@@ -1,6 +1,6 @@
 #include "data/line_reader.h"
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace tw {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "platform/file_system.h"
 
 namespace tw {

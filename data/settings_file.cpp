@@ -3,7 +3,7 @@
 #include <cstring>
 #include <unordered_map>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "data/line_reader.h"
 #include "data/value_lines.h"
 #include "settings/registry_values.h"

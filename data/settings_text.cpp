@@ -1,6 +1,6 @@
 #include "data/settings_text.h"
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace tw {
 namespace {

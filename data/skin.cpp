@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "data/bitmap_file.h"
 #include "data/line_reader.h"
 

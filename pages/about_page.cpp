@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "platform/win32/wide.h"
 
 namespace tw {

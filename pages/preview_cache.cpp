@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "platform/win32/win32_file_system.h"
 #include "resources/resource_ids.h"
 

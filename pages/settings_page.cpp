@@ -1,6 +1,6 @@
 #include "pages/settings_page.h"
 
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "app/shell.h"
 
 namespace tw {

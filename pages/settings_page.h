@@ -28,7 +28,7 @@
 #include <memory>
 #include <vector>
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "settings/settings_store.h"
 
 namespace tw {

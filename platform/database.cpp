@@ -1,7 +1,7 @@
 #include "platform/database.h"
 
-#include "app/text.h"
-#include "app/wide_string.h"
+#include "base/text.h"
+#include "base/wide_string.h"
 
 namespace tw {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/folder_listing.h"
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace tw {
 

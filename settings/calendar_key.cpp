@@ -1,4 +1,4 @@
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "settings/registry_values.h"
 #include "settings/schema.h"
 #include "settings/settings_io.h"

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "platform/registry.h"
 #include "settings/font_record.h"
 

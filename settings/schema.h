@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <span>
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "platform/registry.h"
 #include "settings/settings_store.h"
 

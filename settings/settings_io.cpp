@@ -2,8 +2,8 @@
 
 #include <type_traits>
 
-#include "app/scaling.h"
-#include "app/text.h"
+#include "base/scaling.h"
+#include "base/text.h"
 #include "data/skin.h"
 #include "platform/miss_caching_registry.h"
 #include "settings/registry_values.h"

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "settings/font_record.h"
 
 namespace tw {

@@ -1,6 +1,6 @@
 // The Today item's tab bar: four built-in tabs and one subkey per tab hosted
 // from another plug-in.
-#include "app/text.h"
+#include "base/text.h"
 #include "settings/registry_values.h"
 #include "settings/schema.h"
 #include "settings/settings_io.h"

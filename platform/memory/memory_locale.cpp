@@ -1,6 +1,6 @@
 #include "platform/memory/memory_locale.h"
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "platform/memory/memory_registry.h"
 
 namespace tw {

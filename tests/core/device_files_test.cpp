@@ -7,7 +7,7 @@
 #include <iterator>
 #include <set>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "data/categories.h"
 #include "data/schemes.h"
 #include "data/skin.h"

@@ -1,7 +1,7 @@
 // The filter list and TWFilters.txt.
 #include "data/filters.h"
 
-#include "app/text.h"
+#include "base/text.h"
 #include "tests/support/test_platform.h"
 
 namespace tw::test {

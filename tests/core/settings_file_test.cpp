@@ -1,7 +1,7 @@
 // The settings export and import file.
 #include "data/settings_file.h"
 
-#include "app/text.h"
+#include "base/text.h"
 #include "tests/support/test_platform.h"
 
 namespace tw::test {

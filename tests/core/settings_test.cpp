@@ -2,8 +2,8 @@
 #include <map>
 #include <set>
 
-#include "app/scaling.h"
-#include "app/text.h"
+#include "base/scaling.h"
+#include "base/text.h"
 #include "tests/support/counting_registry.h"
 #include "tests/support/settings_fixture.h"
 

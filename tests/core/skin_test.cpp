@@ -1,4 +1,4 @@
-#include "app/text.h"
+#include "base/text.h"
 #include "data/bitmap_file.h"
 #include "data/skin.h"
 #include "tests/support/make_bitmap.h"

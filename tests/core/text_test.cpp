@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "app/scaling.h"
-#include "app/text.h"
-#include "app/wide_string.h"
+#include "base/scaling.h"
+#include "base/text.h"
+#include "base/wide_string.h"
 
 namespace tw {
 namespace {

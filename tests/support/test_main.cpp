@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "tests/support/test_platform.h"
 
 namespace tw::test {

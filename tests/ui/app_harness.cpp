@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "app/main_window.h"
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "app/shell.h"
 #include "data/settings_file.h"
 #include "platform/win32/device.h"

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "app/main_window.h"
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "app/shell.h"
 #include "pages/about_page.h"
 #include "platform/win32/device.h"

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string>
 
-#include "app/scaling.h"
+#include "base/scaling.h"
 #include "pages/preview_cache.h"
 #include "platform/win32/wide.h"
 #include "tests/ui/image_test_support.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/wide_string.h"
+#include "base/wide_string.h"
 #include "platform/text_library.h"
 
 namespace tw {

@@ -1,4 +1,4 @@
-#include "app/load_text.h"
+#include "platform/load_text.h"
 
 namespace tw {
 

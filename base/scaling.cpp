@@ -1,4 +1,4 @@
-#include "app/scaling.h"
+#include "base/scaling.h"
 
 namespace tw {
 
