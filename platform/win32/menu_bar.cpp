@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/win32/control_state.h"
 #include "platform/win32/device.h"
 
 namespace tw::device {
@@ -34,8 +35,6 @@ struct BarState {
   std::vector<Button> buttons;
   int pressed = -1;
 };
-
-BarState* StateOf(HWND bar) { return reinterpret_cast<BarState*>(GetWindowLongPtrW(bar, GWLP_USERDATA)); }
 
 int ImageSize(const BarState& state) {
   BITMAP info = {};
@@ -91,13 +90,20 @@ int ButtonAt(const BarState& state, LPARAM position) {
   return -1;
 }
 
-LRESULT OnCreate(HWND bar, const CREATESTRUCTW* create) {
-  auto* state = static_cast<BarState*>(create->lpCreateParams);
-  SetWindowLongPtrW(bar, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state));
-  state->font = CreateFontW(-(create->cy * 9 / 20), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0,
-                            ANTIALIASED_QUALITY, 0, L"Tahoma");
-  AddPopupButtons(bar, *state);
-  return 0;
+// The creator hands over the menu; the bar owns it from here on.
+BarState* MakeBar(HWND, const CREATESTRUCTW& create) {
+  auto menu = static_cast<HMENU>(create.lpCreateParams);
+  if (menu == nullptr) return nullptr;
+  HFONT font = CreateFontW(-(create.cy * 9 / 20), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0,
+                           ANTIALIASED_QUALITY, 0, L"Tahoma");
+  return new BarState{create.hwndParent, menu, font};
+}
+
+void FreeBar(BarState* state) {
+  DestroyMenu(state->menu);
+  DeleteObject(state->font);
+  if (state->images) DeleteObject(state->images);
+  delete state;
 }
 
 void DrawImage(HDC dc, const BarState& state, const Button& button) {
@@ -111,24 +117,23 @@ void DrawImage(HDC dc, const BarState& state, const Button& button) {
 }
 
 // A pressed button shows inverted, as a tapped bar button does on the device.
-void OnPaint(HWND bar) {
-  BarState* state = StateOf(bar);
+void OnPaint(HWND bar, const BarState& state) {
   PAINTSTRUCT paint;
   HDC dc = BeginPaint(bar, &paint);
   RECT line;
   GetClientRect(bar, &line);
   line.bottom = 1;
   FillRect(dc, &line, GetSysColorBrush(COLOR_BTNSHADOW));
-  HGDIOBJ oldFont = SelectObject(dc, state->font);
+  HGDIOBJ oldFont = SelectObject(dc, state.font);
   SetBkMode(dc, TRANSPARENT);
-  for (size_t i = 0; i < state->buttons.size(); ++i) {
-    const Button& button = state->buttons[i];
-    bool pressed = static_cast<int>(i) == state->pressed;
+  for (size_t i = 0; i < state.buttons.size(); ++i) {
+    const Button& button = state.buttons[i];
+    bool pressed = static_cast<int>(i) == state.pressed;
     FillRect(dc, &button.area, GetSysColorBrush(pressed ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
     SetTextColor(dc, GetSysColor(pressed ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
     RECT text = button.area;
     if (button.popup >= 0) DrawTextW(dc, button.text.c_str(), -1, &text, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-    else if (state->images) DrawImage(dc, *state, button);
+    else if (state.images) DrawImage(dc, state, button);
   }
   SelectObject(dc, oldFont);
   EndPaint(bar, &paint);
@@ -148,74 +153,48 @@ void OpenPopup(HWND bar, BarState& state, const Button& button) {
                  state.owner, nullptr);
 }
 
-void OnTapDown(HWND bar, LPARAM position) {
-  BarState* state = StateOf(bar);
-  int index = ButtonAt(*state, position);
+void OnTapDown(HWND bar, BarState& state, LPARAM position) {
+  int index = ButtonAt(state, position);
   if (index < 0) return;
   SetCapture(bar);
-  Press(bar, *state, index);
+  Press(bar, state, index);
 }
 
-void OnTapUp(HWND bar, LPARAM position) {
-  BarState* state = StateOf(bar);
-  int index = state->pressed;
+void OnTapUp(HWND bar, BarState& state, LPARAM position) {
+  int index = state.pressed;
   if (GetCapture() == bar) ReleaseCapture();
-  if (index < 0 || ButtonAt(*state, position) != index) {
-    Press(bar, *state, -1);
+  if (index < 0 || ButtonAt(state, position) != index) {
+    Press(bar, state, -1);
     return;
   }
-  Button button = state->buttons[index];
-  if (button.popup >= 0) OpenPopup(bar, *state, button);
-  Press(bar, *state, -1);
-  if (button.popup < 0) SendMessageW(state->owner, WM_COMMAND, MAKEWPARAM(button.command, 0), 0);
+  Button button = state.buttons[index];
+  if (button.popup >= 0) OpenPopup(bar, state, button);
+  Press(bar, state, -1);
+  if (button.popup < 0) SendMessageW(state.owner, WM_COMMAND, MAKEWPARAM(button.command, 0), 0);
 }
 
-void OnDestroy(HWND bar) {
-  BarState* state = StateOf(bar);
-  SetWindowLongPtrW(bar, GWLP_USERDATA, 0);
-  if (state == nullptr) return;
-  // The bar owns what the program gave it: the menu and the button images.
-  DestroyMenu(state->menu);
-  DeleteObject(state->font);
-  if (state->images) DeleteObject(state->images);
-  delete state;
-}
-
-LRESULT CALLBACK MenuBarProc(HWND bar, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT MenuBarProc(HWND bar, BarState& state, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE:
-      return OnCreate(bar, reinterpret_cast<const CREATESTRUCTW*>(lParam));
+      AddPopupButtons(bar, state);
+      return 0;
     case WM_PAINT:
-      OnPaint(bar);
+      OnPaint(bar, state);
       return 0;
     case WM_LBUTTONDOWN:
-      OnTapDown(bar, lParam);
+      OnTapDown(bar, state, lParam);
       return 0;
     case WM_LBUTTONUP:
-      OnTapUp(bar, lParam);
-      return 0;
-    case WM_DESTROY:
-      OnDestroy(bar);
+      OnTapUp(bar, state, lParam);
       return 0;
     case kMenuBarGetMenu:
-      return reinterpret_cast<LRESULT>(StateOf(bar)->menu);
+      return reinterpret_cast<LRESULT>(state.menu);
     case TB_ADDBUTTONSW:
-      return AddImageButtons(bar, *StateOf(bar), static_cast<int>(wParam), reinterpret_cast<const TBBUTTON*>(lParam));
+      return AddImageButtons(bar, state, static_cast<int>(wParam), reinterpret_cast<const TBBUTTON*>(lParam));
     case TB_GETRECT:
-      return ButtonRect(*StateOf(bar), static_cast<int>(wParam), reinterpret_cast<RECT*>(lParam));
+      return ButtonRect(state, static_cast<int>(wParam), reinterpret_cast<RECT*>(lParam));
   }
   return DefWindowProcW(bar, message, wParam, lParam);
-}
-
-void RegisterOnce(HINSTANCE instance) {
-  WNDCLASSW wc = {};
-  if (GetClassInfoW(instance, kClassName, &wc)) return;
-  wc.lpfnWndProc = MenuBarProc;
-  wc.hInstance = instance;
-  wc.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  wc.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-  wc.lpszClassName = kClassName;
-  RegisterClassW(&wc);
 }
 
 }  // namespace
@@ -224,20 +203,18 @@ HWND CreateMenuBar(HWND owner, HINSTANCE menuModule, UINT menuId) {
   HMENU menu = menuModule ? LoadMenuW(menuModule, MAKEINTRESOURCEW(menuId)) : nullptr;
   if (menu == nullptr) return nullptr;
   HINSTANCE instance = GetModuleHandleW(nullptr);
-  RegisterOnce(instance);
-  auto* state = new BarState{owner, menu, nullptr, nullptr, 0, {}, -1};
+  RegisterControlClass(instance, kClassName, ControlProc<BarState, MakeBar, MenuBarProc, FreeBar>,
+                       GetSysColorBrush(COLOR_BTNFACE));
   RECT area = Screen().MenuBar();
   HWND bar = CreateWindowExW(WS_EX_NOACTIVATE, kClassName, L"", WS_POPUP | WS_VISIBLE, area.left, area.top,
-                             area.right - area.left, area.bottom - area.top, owner, nullptr, instance, state);
-  if (bar == nullptr) {
-    DestroyMenu(menu);
-    delete state;
-  }
+                             area.right - area.left, area.bottom - area.top, owner, nullptr, instance, menu);
+  // A bar that failed after taking the menu over has destroyed it already.
+  if (bar == nullptr && IsMenu(menu)) DestroyMenu(menu);
   return bar;
 }
 
 bool SetMenuBarImages(HWND bar, HINSTANCE module, UINT bitmapId, COLORREF mask) {
-  BarState* state = IsWindow(bar) ? StateOf(bar) : nullptr;
+  BarState* state = IsWindow(bar) ? ControlState<BarState>(bar) : nullptr;
   if (state == nullptr) return false;
   auto images = static_cast<HBITMAP>(
       LoadImageW(module, MAKEINTRESOURCEW(bitmapId), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
@@ -249,7 +226,7 @@ bool SetMenuBarImages(HWND bar, HINSTANCE module, UINT bitmapId, COLORREF mask) 
 }
 
 int MenuBarImageSize(HWND bar) {
-  BarState* state = IsWindow(bar) ? StateOf(bar) : nullptr;
+  BarState* state = IsWindow(bar) ? ControlState<BarState>(bar) : nullptr;
   return state ? ImageSize(*state) : 0;
 }
 
