@@ -1,5 +1,6 @@
-// The main window's WM_COMMAND: the current page first, then the page
-// selector, then the shell's own commands: Done, Cancel, Export, Import.
+// The main window's WM_COMMAND: the current page first (a command it takes
+// goes no further), then the page selector, then the shell's own commands:
+// Done, Cancel, Export, Import.
 #include <windows.h>
 
 #include "app/main_window.h"
@@ -15,9 +16,7 @@ namespace {
 
 // wParam of WM_SETTINGCHANGE that makes the Today screen reload its items.
 constexpr WPARAM kTodayItemsChanged = 0xF2;
-constexpr UINT kCancelQuestion = 40216, kCancelCaption = 40217;
-
-void ShowPair(HWND window, MessagePair message) { ShowMessage(window, message.text, message.caption, MB_OK); }
+void ShowPair(HWND window, MessagePair message) { ShowMessage(window, message, MB_OK); }
 
 // Writes what only the application holds beside the record: the category
 // colours and masks, and the filter file the Today item reads too.
@@ -37,13 +36,14 @@ void OnDone(HWND window) {
 }
 
 void OnCancel(HWND window) {
-  if (ShowMessage(window, kCancelQuestion, kCancelCaption, MB_YESNO) != IDYES) return;
+  if (ShowMessage(window, kAskCancel, MB_YESNO) != IDYES) return;
   FreeLanguageLibrary();
   DestroyWindow(window);
 }
 
 void OnExport(HWND window) {
   std::wstring folder = device::DocumentsFolder();
+  if (folder.empty()) return ShowPair(window, kCannotOpenSettingsFile);
   ShowPair(window, ExportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder)));
 }
 
@@ -52,6 +52,7 @@ void OnExport(HWND window) {
 // ends without saving, so the pages' former state cannot undo the import.
 void OnImport(HWND window) {
   std::wstring folder = device::DocumentsFolder();
+  if (folder.empty()) return ShowPair(window, kCannotOpenSettingsFile);
   ImportOutcome outcome = ImportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder));
   if (!outcome.succeeded) {
     ShowPair(window, outcome.message);
@@ -76,7 +77,8 @@ void FreeLanguageLibrary() {
 
 LRESULT OnMainCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   ShellState& shell = Shell();
-  if (SettingsPage* page = shell.slots[shell.currentPage].get()) page->OnCommand(window, message, wParam, lParam);
+  if (SettingsPage* page = shell.slots[shell.currentPage].get())
+    if (page->OnCommand(window, message, wParam, lParam)) return 0;
   // The category list's and the filter panel's controls are handled here
   // once slots 10 and 11 have their views.
   if (shell.selector != nullptr && reinterpret_cast<HWND>(lParam) == shell.selector &&

@@ -4,8 +4,8 @@
 #include <commctrl.h>
 
 #include "app/main_window.h"
-#include "base/scaling.h"
 #include "app/shell.h"
+#include "base/scaling.h"
 #include "data/categories.h"
 #include "platform/win32/device.h"
 #include "platform/win32/skin_image.h"
@@ -19,13 +19,7 @@ namespace {
 constexpr COLORREF kHeaderColour = 0xEFC6A4;
 constexpr COLORREF kHeaderIconTransparent = 0x0000FF;
 constexpr COLORREF kCategoryPageColour = 0x323232;
-constexpr UINT kCategoryListCaption = 40232;
 constexpr COLORREF kMenuButtonMask = 0xC6CFDE;
-constexpr UINT kFontsMenuText = 40201;
-constexpr UINT kFirstRunText = 40218, kFirstRunCaption = 40219;
-// The page selector's entries, in page order.
-constexpr UINT kPageNames[kPageCount] = {40220, 40221, 40222, 40981, 40982, 40223, 40224,
-                                         40225, 40227, 40228, 40229, 40230, 40231};
 // Menu bar images: 0 Cancel, 1 Done.
 constexpr TBBUTTON kMenuButtons[] = {
     {0, IDM_CANCEL, TBSTATE_ENABLED, BTNS_BUTTON, {}, 0, -1},
@@ -66,7 +60,7 @@ void CreatePageSelector(HWND window) {
   Shell().selector = selector;
   SendMessageW(selector, WM_SETFONT, reinterpret_cast<WPARAM>(Shell().boldFont), FALSE);
   for (int page = 0; page < kPageCount; ++page) {
-    WideString name = LanguageText(kPageNames[page]);
+    WideString name = LanguageText(kPages[page].nameText);
     LRESULT item = SendMessageW(selector, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(AsWide(name.Text())));
     SendMessageW(selector, CB_SETITEMDATA, item, page);
   }
@@ -115,7 +109,7 @@ void OnDestroy() {
 void ShowFirstRunMessage(HWND window) {
   if (Settings().FirstTimeSettingsMsg != 0) return;
   Settings().FirstTimeSettingsMsg = 1;
-  ShowMessage(window, kFirstRunText, kFirstRunCaption, MB_OK);
+  ShowMessage(window, kFirstRunNotice, MB_OK);
 }
 
 void PaintHeader(HDC dc) {
@@ -162,7 +156,7 @@ void OnPaint(HWND window) {
   FillRect(dc, &Shell().clientRect, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
   PaintHeader(dc);
   int current = Shell().currentPage;
-  if (current == kCategoryListPage || current == kFilterPanelPage) PaintCategoryPage(dc, current);
+  if (kPages[current].paintedByShell) PaintCategoryPage(dc, current);
   else if (SettingsPage* page = Shell().slots[current].get()) page->Paint(dc);
   EndPaint(window, &paint);
 }
@@ -186,7 +180,7 @@ void OnInitMenuPopup() {
   if (tools == nullptr) return;
   DeleteMenu(tools, IDM_APPLY_FONT_SIZE, MF_BYCOMMAND);
   if (Shell().currentPage == kFontsPage) {
-    WideString text = LanguageText(kFontsMenuText);
+    WideString text = LanguageText(kApplyFontSizeText);
     AppendMenuW(tools, MF_STRING, IDM_APPLY_FONT_SIZE, AsWide(text.Text()));
   }
 }

@@ -5,7 +5,6 @@
 
 #include <windows.h>
 
-#include "pages/settings_page.h"
 
 namespace tw {
 
@@ -24,7 +23,6 @@ HWND InitInstance(HINSTANCE instance, int startPage, int showCommand);
 LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // page_slots.cpp
-extern const PageFactory kPageFactories[];
 void ShowPage(int index, int showCommand);
 void SwitchPage(int index);
 // Every page object in the order Done and window destruction use.

@@ -2,29 +2,23 @@
 // order of destruction.
 #include <windows.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "app/main_window.h"
 #include "app/shell.h"
 
 namespace tw {
-namespace {
-
-// Done and window destruction store the pages in this order.
-constexpr int kDestroyOrder[] = {0, 1, 2, 3, 4, 5, 8, 7, 6, 9, 12};
-
-bool HoldsPageObject(int index) { return index >= 0 && index < kPageCount && index != kCategoryListPage && index != kFilterPanelPage; }
-
-}  // namespace
 
 void ShowPage(int index, int showCommand) {
-  // Slots 10 and 11 show and hide the category list and the filter panel,
-  // which have no view yet; every other slot holds a page object.
-  if (!HoldsPageObject(index)) return;
+  // Slots without a factory (the category pages, whose views the shell
+  // paints, and pages not written yet) show nothing of their own.
+  if (index < 0 || index >= kPageCount) return;
   std::unique_ptr<SettingsPage>& slot = Shell().slots[index];
   if (!slot) {
-    PageFactory make = kPageFactories[index];
+    PageFactory make = kPages[index].make;
     if (make == nullptr) return;
-    ShellState& shell = Shell();
-    slot = make({shell.mainWindow, shell.instance, shell.normalFont, shell.boldFont});
+    slot = make(MakePageContext());
   }
   slot->Show(showCommand, true);
 }
@@ -40,7 +34,12 @@ void SwitchPage(int index) {
 }
 
 void DestroyPages() {
-  for (int index : kDestroyOrder) Shell().slots[index].reset();
+  std::vector<int> order;
+  for (int index = 0; index < kPageCount; ++index)
+    if (kPages[index].destroyRank >= 0) order.push_back(index);
+  std::sort(order.begin(), order.end(),
+            [](int a, int b) { return kPages[a].destroyRank < kPages[b].destroyRank; });
+  for (int index : order) Shell().slots[index].reset();
 }
 
 }  // namespace tw

@@ -1,25 +1,53 @@
-// The page object of each slot. A slot whose page is not written yet has no
-// factory and stays empty; slots 10 and 11 never hold a page object.
-#include "app/main_window.h"
-#include "app/shell.h"
+#include "app/page_table.h"
+
 #include "pages/about_page.h"
+#include "resources/resource_ids.h"
+#include "resources/string_ids.h"
 
 namespace tw {
+namespace {
 
-const PageFactory kPageFactories[kPageCount] = {
-    nullptr,        // 0 General
-    nullptr,        // 1 Calendar
-    nullptr,        // 2 Tasks
-    nullptr,        // 3 Notes
-    nullptr,        // 4 Messages
-    nullptr,        // 5 Special events
-    nullptr,        // 6 Fonts
-    nullptr,        // 7 Colours
-    nullptr,        // 8 PIM source
-    nullptr,        // 9 Tabs
-    nullptr,        // 10 category list: no page object
-    nullptr,        // 11 filter panel: no page object
-    MakeAboutPage,  // 12 About
+// Blocks of pages not written yet, kept apart already.
+constexpr ControlIdRange Block(int slot) { return {2000 + 200 * slot, 2199 + 200 * slot}; }
+
+// Commands the shell itself answers: a page control with one of these ids
+// would press Done or Cancel.
+constexpr int kShellCommands[] = {IDOK, IDCANCEL, IDM_CANCEL, IDM_APPLY_FONT_SIZE, IDM_NO_COLOUR,
+                                  IDM_EXPORT, IDM_IMPORT};
+
+}  // namespace
+
+// Pages are stored in the order 0, 1, 2, 3, 4, 5, 8, 7, 6, 9, 12.
+constexpr PageRow kPages[kPageCount] = {
+    {kPageNameTexts[0], nullptr, 0, false, Block(0)},          // General
+    {kPageNameTexts[1], nullptr, 1, false, Block(1)},          // Calendar
+    {kPageNameTexts[2], nullptr, 2, false, Block(2)},          // Tasks
+    {kPageNameTexts[3], nullptr, 3, false, Block(3)},          // Notes
+    {kPageNameTexts[4], nullptr, 4, false, Block(4)},          // Messages
+    {kPageNameTexts[5], nullptr, 5, false, Block(5)},          // Special events
+    {kPageNameTexts[6], nullptr, 8, false, Block(6)},          // Fonts
+    {kPageNameTexts[7], nullptr, 7, false, Block(7)},          // Colours
+    {kPageNameTexts[8], nullptr, 6, false, Block(8)},          // PIM source
+    {kPageNameTexts[9], nullptr, 9, false, Block(9)},          // Tabs
+    {kPageNameTexts[10], nullptr, -1, true, Block(10)},        // category list
+    {kPageNameTexts[11], nullptr, -1, true, Block(11)},        // filter panel
+    {kPageNameTexts[12], MakeAboutPage, 10, false, kAboutPageIds},  // About
 };
 
+namespace {
+
+constexpr bool IdBlocksStayApart() {
+  for (int page = 0; page < kPageCount; ++page) {
+    const ControlIdRange& ids = kPages[page].ids;
+    if (ids.first > ids.last) return false;
+    for (int command : kShellCommands)
+      if (ids.Holds(command)) return false;
+    for (int other = page + 1; other < kPageCount; ++other)
+      if (ids.Meets(kPages[other].ids)) return false;
+  }
+  return true;
+}
+static_assert(IdBlocksStayApart(), "a page's control ids meet another page's or the shell's commands");
+
+}  // namespace
 }  // namespace tw

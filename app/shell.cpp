@@ -1,5 +1,7 @@
 #include "app/shell.h"
 
+#include "base/scaling.h"
+#include "data/skin.h"
 #include "platform/load_text.h"
 #include "platform/win32/device.h"
 #include "platform/win32/wide.h"
@@ -27,6 +29,8 @@ ShellPlatform& Platform() {
   return platform;
 }
 
+SettingsEnvironment ShellPlatform::Environment() { return {registry, locale, files, gScreen.dpiX, ReadSelectedSkin}; }
+
 PreviewFontCache& PreviewFonts() {
   static PreviewFontCache cache(Settings());
   return cache;
@@ -37,6 +41,12 @@ PreviewImageSet& PreviewImages() {
   return images;
 }
 
+PageContext MakePageContext() {
+  const ShellState& shell = Shell();
+  return {shell.mainWindow, shell.instance,  shell.language,  shell.normalFont,
+          shell.boldFont,   Settings(),      PreviewFonts(),  PreviewImages()};
+}
+
 WideString LanguageText(unsigned id) {
   WideString text;
   if (Shell().language == nullptr) return text;
@@ -45,8 +55,8 @@ WideString LanguageText(unsigned id) {
   return text;
 }
 
-int ShowMessage(HWND owner, unsigned text, unsigned caption, UINT buttons) {
-  WideString body = LanguageText(text), title = LanguageText(caption);
+int ShowMessage(HWND owner, MessagePair message, UINT buttons) {
+  WideString body = LanguageText(message.text), title = LanguageText(message.caption);
   return device::ShowMessageBox(owner, AsWide(body.Text()), AsWide(title.Text()), buttons);
 }
 

@@ -8,6 +8,7 @@
 #include <array>
 #include <memory>
 
+#include "app/page_table.h"
 #include "base/wide_string.h"
 #include "data/categories.h"
 #include "pages/preview_cache.h"
@@ -17,19 +18,11 @@
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_locale.h"
 #include "platform/win32/win32_registry.h"
+#include "resources/string_ids.h"
 #include "settings/settings_io.h"
 #include "settings/settings_store.h"
 
 namespace tw {
-
-inline constexpr int kPageCount = 13;
-inline constexpr int kFirstPage = 0;
-inline constexpr int kFontsPage = 6;
-inline constexpr int kCategoryListPage = 10;
-inline constexpr int kFilterPanelPage = 11;
-inline constexpr int kAboutPage = 12;
-// The header band above every page, in 96-dpi units; a 1-unit line follows it.
-inline constexpr int kHeaderBand = 27;
 
 struct ShellState {
   HINSTANCE instance = nullptr;
@@ -61,7 +54,8 @@ struct ShellPlatform {
   Win32ObjectStore database;
   Win32Bitmaps bitmaps;
 
-  SettingsEnvironment Environment() { return {registry, locale, files}; }
+  // The settings load and save on the window's screen, with the skin reader.
+  SettingsEnvironment Environment();
   CategoryPlatform Categories() { return {registry, locale, files, database, bitmaps}; }
 };
 ShellPlatform& Platform();
@@ -69,9 +63,12 @@ ShellPlatform& Platform();
 PreviewFontCache& PreviewFonts();
 PreviewImageSet& PreviewImages();
 
+// What a page of the main window is made with.
+PageContext MakePageContext();
+
 // A text of the current language library (empty when there is none).
 WideString LanguageText(unsigned id);
-// A message box of two language texts; returns the button chosen.
-int ShowMessage(HWND owner, unsigned text, unsigned caption, UINT buttons);
+// A message box of a language text and caption; returns the button chosen.
+int ShowMessage(HWND owner, MessagePair message, UINT buttons);
 
 }  // namespace tw

@@ -2,8 +2,8 @@
 #include <windows.h>
 
 #include "app/main_window.h"
-#include "base/scaling.h"
 #include "app/shell.h"
+#include "base/scaling.h"
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
 
@@ -23,19 +23,15 @@ void ReadScreenMetrics() {
 }
 
 bool RegisterMainClass(HINSTANCE instance, const wchar_t* className) {
-  WNDCLASSEXW wc = {};
-  wc.cbSize = sizeof wc;
-  if (GetClassInfoExW(instance, className, &wc)) return true;
+  WNDCLASSW wc = {};
+  if (GetClassInfoW(instance, className, &wc)) return true;
   wc.style = CS_HREDRAW | CS_VREDRAW;
   wc.lpfnWndProc = MainWindowProc;
   wc.hInstance = instance;
   wc.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(IDI_APP));
   wc.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
   wc.lpszClassName = className;
-  // The device's classes have one icon; left to itself the desktop would
-  // load a small copy from the resources, at a cost larger than the class's.
-  wc.hIconSm = wc.hIcon;
-  return RegisterClassExW(&wc) != 0;
+  return device::RegisterWindowClass(wc);
 }
 
 // The window's bottom edge meets the top of the menu bar.

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "data/skin.h"
 #include "platform/memory/folder_file_system.h"
 #include "platform/memory/memory_locale.h"
 #include "platform/memory/memory_registry.h"
@@ -17,7 +18,7 @@ void LoadSaveRoundTrip(benchmark::State& state) {
   MemoryRegistry registry;
   MemoryLocale locale;
   FolderFileSystem files(std::filesystem::temp_directory_path() / "tw-bench-empty");
-  SettingsEnvironment environment{registry, locale, files};
+  SettingsEnvironment environment{registry, locale, files, 96, ReadSelectedSkin};
   auto store = std::make_unique<SettingsStore>();
   LoadSettings(*store, environment);
   store->OnClick = 2;

@@ -9,6 +9,7 @@
 
 #include "platform/file_system.h"
 #include "platform/library_loader.h"
+#include "resources/string_ids.h"
 
 namespace tw {
 
@@ -22,8 +23,6 @@ struct ChoiceList {
   int selected = -1;  // index into entries; -1 for none
 };
 
-inline constexpr unsigned kLanguageNameText = 719;
-
 struct LanguageChoices {
   ChoiceList list;
   // Full path of each offered library, indexed by item data (the library's
@@ -31,7 +30,7 @@ struct LanguageChoices {
   std::vector<std::u16string> paths;
 };
 
-// Libraries without text 719, or that fail to load, are not offered but
+// Libraries without their language name text, or that fail to load, are not offered but
 // still count. The entry at the index equal to the selected library's
 // position is selected (0 when none matched), so a skipped library before
 // the selected one moves the selection to a later entry.

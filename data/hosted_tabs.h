@@ -8,14 +8,13 @@
 #include <string_view>
 #include <vector>
 
-#include "data/messages.h"
 #include "platform/registry.h"
+#include "resources/string_ids.h"
 #include "settings/settings_store.h"
 
 namespace tw {
 
 inline constexpr std::u16string_view kTodayItemsKey = u"SOFTWARE\\Microsoft\\Today\\Items";
-inline constexpr MessagePair kAskHidePlugin{40736, 40737}, kTabExists{40749, 40750};
 
 struct PluginChoice {
   std::u16string name;

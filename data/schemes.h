@@ -9,16 +9,13 @@
 #include <vector>
 
 #include "data/categories.h"
-#include "data/messages.h"
 #include "platform/file_system.h"
 #include "platform/registry.h"
+#include "resources/string_ids.h"
 
 namespace tw {
 
 inline constexpr std::size_t kMaxSchemeName = 255;
-inline constexpr MessagePair kNoSchemeSelected{40485, 40486}, kAskDeleteScheme{40487, 40488},
-    kSchemeNameEmpty{40489, 40490}, kSchemeExists{40491, 40492}, kSchemeSaved{40493, 40494},
-    kAskLoadScheme{40495, 40496}, kSchemeCannotOpen{40497, 40498}, kSchemeLoadFailed{40499, 40500};
 
 // File names ("*.scm", extension included) in the order the file system gives.
 std::vector<std::u16string> ListSchemes(FileSystem& files, std::u16string_view installFolder);

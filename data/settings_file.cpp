@@ -21,9 +21,6 @@ constexpr std::u16string_view kFilterName = u"FilterName", kIndex = u"Index",
 // Imported strings are written unless their data is this very text.
 constexpr std::u16string_view kNotTheSame = u"not_the_same";
 
-constexpr MessagePair kExported{40208, 40209}, kCannotOpen{40210, 40211}, kImportFailed{40212, 40213},
-    kImported{40214, 40215};
-
 // The export's fixed enumeration buffers: a value whose data passes 256 bytes
 // ends its key's values.
 constexpr std::uint32_t kNameChars = 256, kDataBytes = 256;
@@ -220,7 +217,7 @@ MessagePair ExportSettingsFile(Registry& registry, FileSystem& files, const Cate
   ExportAll(registry, kProductKey, data, out);
   files.WriteAll(FormatText(u"%s\\%s", {documentsFolder, kSettingsFileName}, WideString::kMaxLength),
                  out.Bytes().data(), out.Bytes().size());
-  return kExported;
+  return kSettingsExported;
 }
 
 ImportOutcome ImportSettingsFile(Registry& registry, FileSystem& files, CategoryData& data,
@@ -228,10 +225,10 @@ ImportOutcome ImportSettingsFile(Registry& registry, FileSystem& files, Category
   std::vector<std::uint8_t> bytes;
   if (!files.ReadAll(FormatText(u"%s\\%s", {documentsFolder, kSettingsFileName}, WideString::kMaxLength),
                      bytes))
-    return {false, kCannotOpen};
+    return {false, kCannotOpenSettingsFile};
   SettingsTextInput in = SettingsTextInput::FromBytes(bytes);
   if (!ImportSettings(in, registry, data)) return {false, kImportFailed};
-  return {true, kImported};
+  return {true, kSettingsImported};
 }
 
 }  // namespace tw

@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "data/categories.h"
-#include "data/messages.h"
 #include "data/settings_text.h"
 #include "platform/file_system.h"
 #include "platform/registry.h"
+#include "resources/string_ids.h"
 
 namespace tw {
 

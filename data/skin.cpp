@@ -160,4 +160,8 @@ void ReadSkin(SkinColors& skin, std::u16string_view name, std::u16string_view sk
   ApplyTextColorBitmap(skin, folder + u"\\text_color.bmp", files);
 }
 
+void ReadSelectedSkin(SettingsStore& store, FileSystem& files) {
+  ReadSkin(store.skin, store.dSelectedSkin.View(), store.SkinsFolder.View(), files);
+}
+
 }  // namespace tw

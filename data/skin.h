@@ -16,6 +16,10 @@ namespace tw {
 void ReadSkin(SkinColors& skin, std::u16string_view name, std::u16string_view skinsFolder,
               FileSystem& files);
 
+// The record's selected skin from its skins folder: the reader the settings
+// load is handed.
+void ReadSelectedSkin(SettingsStore& store, FileSystem& files);
+
 // The lines of an opened skin.ini applied to skin (defaults are not reset).
 void ApplySkinFile(SkinColors& skin, File& file);
 

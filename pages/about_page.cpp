@@ -19,7 +19,7 @@ constexpr COLORREF kLastLineColour = 0xA0A0A0;
 constexpr int kTopMargin = 20, kSideMargin = 6, kLineHeight = 16, kGroupGap = 10;
 
 // Labels, one per line, numbered from here.
-enum ControlId { IDT_ABOUT_FIRST = 1200 };
+enum ControlId { IDT_ABOUT_FIRST = kAboutPageIds.first };
 
 }  // namespace
 

@@ -8,6 +8,8 @@
 
 namespace tw {
 
+inline constexpr ControlIdRange kAboutPageIds{4400, 4599};
+
 // __DATE__ ("Nov  2 2026") as "2 November 2026"; other text is kept as it is.
 std::u16string FormatBuildDate(const char* compilerDate);
 

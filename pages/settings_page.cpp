@@ -1,7 +1,8 @@
 #include "pages/settings_page.h"
 
 #include "base/scaling.h"
-#include "app/shell.h"
+#include "platform/load_text.h"
+#include "platform/win32/win32_text_library.h"
 
 namespace tw {
 
@@ -31,6 +32,12 @@ RECT SettingsPage::PageArea() const {
   return client;
 }
 
-WideString SettingsPage::Text(unsigned id) const { return LanguageText(id); }
+WideString SettingsPage::Text(unsigned id) const {
+  WideString text;
+  if (context_.language == nullptr) return text;
+  Win32TextLibrary library(context_.language);
+  LoadText(&library, id, text);
+  return text;
+}
 
 }  // namespace tw

@@ -4,21 +4,23 @@
 // How a page is added
 // -------------------
 // 1. Write pages/<area>_page.h/.cpp with a class derived from SettingsPage.
-//    Its constructor takes the PageContext, creates the page's controls with
+//    Its header declares the page's block of control ids (ControlIdRange);
+//    its constructor takes the PageContext, creates the page's controls with
 //    AddControl (hidden: the shell shows the page right after creating it)
-//    and fills them from Settings(). Controls lie in PageArea().
+//    and fills them from context.settings. Controls lie in PageArea().
 // 2. Override Show(). The usual body is ShowControls(showCommand); a page
 //    with a tab strip shows its strip and the current sub-area only.
-// 3. Override only the entry points the page needs: OnCommand (WM_COMMAND,
-//    after which the shell still handles its own commands), OnNotify
-//    (WM_NOTIFY), Paint (after the header band, into the window's DC), OnTap
+// 3. Override only the entry points the page needs: OnCommand (WM_COMMAND;
+//    true stops it there, false lets the shell go on), OnNotify (WM_NOTIFY),
+//    Paint (after the header band, into the window's DC), OnTap
 //    (WM_LBUTTONDOWN in client coordinates) and ControlColour (static and
 //    button colours of the page's controls).
 // 4. The destructor of the derived class stores the controls' states into
-//    Settings(); the base destructor then destroys the controls. Never write
+//    the record; the base destructor then destroys the controls. Never write
 //    the registry from a page: Done saves the record.
-// 5. Register the page's factory in the slot of app/page_table.cpp. Slots
-//    without a factory stay empty: selecting them shows nothing.
+// 5. Give the page its row in app/page_table.cpp, with its id block: the
+//    table refuses, at compile time, blocks that meet another page's or the
+//    shell's commands.
 // 6. Run the layout check (tests/ui/layout_check.h) on the page and each of
 //    its sub-areas at the three screen geometries.
 #pragma once
@@ -29,16 +31,37 @@
 #include <vector>
 
 #include "base/wide_string.h"
+#include "pages/preview_cache.h"
 #include "settings/settings_store.h"
 
 namespace tw {
 
-// What a page is created with: the main window, the instance, the two page fonts.
+// The header band above every page, in 96-dpi units; a 1-unit line follows it.
+inline constexpr int kHeaderBand = 27;
+
+// The control ids a page may use, first to last. Controls are children of
+// the main window, so blocks must meet neither each other nor the shell's
+// commands.
+struct ControlIdRange {
+  int first;
+  int last;
+
+  constexpr bool Holds(int id) const { return id >= first && id <= last; }
+  constexpr bool Meets(const ControlIdRange& other) const { return first <= other.last && other.first <= last; }
+};
+
+// What a page is made with: the window it lives in, the record it edits, the
+// language library its texts come from, the page fonts and the preview's
+// fonts and pictures.
 struct PageContext {
   HWND window;
   HINSTANCE instance;
+  HMODULE language;
   HFONT normalFont;
   HFONT boldFont;
+  SettingsStore& settings;
+  PreviewFontCache& previewFonts;
+  PreviewImageSet& previewImages;
 };
 
 class SettingsPage {
@@ -51,7 +74,7 @@ class SettingsPage {
 
   // SW_SHOW (5) to show, 0 to hide; includeTabStrip is 1 from the shell.
   virtual void Show(int showCommand, bool includeTabStrip) = 0;
-  // True when the page has taken the command; the shell goes on either way.
+  // True when the page has taken the command: the shell then does nothing more.
   virtual bool OnCommand(HWND, UINT, WPARAM, LPARAM) { return false; }
   virtual LRESULT OnNotify(HWND, UINT, WPARAM, LPARAM) { return 0; }
   virtual void Paint(HDC) {}
@@ -63,6 +86,7 @@ class SettingsPage {
 
  protected:
   const PageContext& context() const { return context_; }
+  SettingsStore& settings() const { return context_.settings; }
   // A child control of the main window in the page's font, hidden, kept for
   // showing, hiding and destruction. Null if it cannot be created.
   HWND AddControl(const wchar_t* className, const wchar_t* text, DWORD style, const RECT& area, int id,
@@ -70,7 +94,7 @@ class SettingsPage {
   void ShowControls(int showCommand);
   // The part of the main window's client area below the header band.
   RECT PageArea() const;
-  // A text of the language library.
+  // A text of the language library (empty without one).
   WideString Text(unsigned id) const;
 
  private:

@@ -12,7 +12,31 @@
 
 namespace tw {
 
+// A message box as the language library gives it: text and caption by number.
+struct MessagePair {
+  unsigned text = 0;
+  unsigned caption = 0;
+
+  bool operator==(const MessagePair&) const = default;
+};
+inline constexpr MessagePair kNoMessage{};
+
+// The texts the code loads by name. Pages name theirs beside their tables.
 inline constexpr unsigned kLanguageNameText = 719;
+inline constexpr unsigned kApplyFontSizeText = 40201;
+inline constexpr unsigned kCategoryListCaption = 40232;
+inline constexpr unsigned kColourGreenLabel = 40834;
+// The page selector's entries, in slot order.
+inline constexpr unsigned kPageNameTexts[] = {40220, 40221, 40222, 40981, 40982, 40223, 40224,
+                                              40225, 40227, 40228, 40229, 40230, 40231};
+
+inline constexpr MessagePair kFirstRunNotice{40218, 40219}, kAskCancel{40216, 40217};
+inline constexpr MessagePair kSettingsExported{40208, 40209}, kCannotOpenSettingsFile{40210, 40211},
+    kImportFailed{40212, 40213}, kSettingsImported{40214, 40215};
+inline constexpr MessagePair kNoSchemeSelected{40485, 40486}, kAskDeleteScheme{40487, 40488},
+    kSchemeNameEmpty{40489, 40490}, kSchemeExists{40491, 40492}, kSchemeSaved{40493, 40494},
+    kAskLoadScheme{40495, 40496}, kSchemeCannotOpen{40497, 40498}, kSchemeLoadFailed{40499, 40500};
+inline constexpr MessagePair kAskHidePlugin{40736, 40737}, kTabExists{40749, 40750};
 
 inline constexpr unsigned kLanguageTexts[] = {
     // The library's own language name, shown in the language choice.

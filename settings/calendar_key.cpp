@@ -1,4 +1,3 @@
-#include "base/scaling.h"
 #include "settings/registry_values.h"
 #include "settings/schema.h"
 #include "settings/settings_io.h"
@@ -120,8 +119,8 @@ void ValidateCalendar(SettingsStore& store, const SettingsEnvironment& environme
 
 // A month calendar pinned into the Today item needs room: an item lower than
 // 200 (scaled) does not keep it.
-void DropPinnedMonthOnLowItem(SettingsStore& store, const SettingsEnvironment&, RegKey) {
-  if (store.dHeightLimit < ScaleValue(200, gScreen.dpiX, store.MyVgaMode == 1) &&
+void DropPinnedMonthOnLowItem(SettingsStore& store, const SettingsEnvironment& environment, RegKey) {
+  if (store.dHeightLimit < ScaledFor(store, environment, 200) &&
       store.PinnedMonthlyClr == 1)
     store.PinnedMonthlyClr = 0;
 }

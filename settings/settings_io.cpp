@@ -4,7 +4,6 @@
 
 #include "base/scaling.h"
 #include "base/text.h"
-#include "data/skin.h"
 #include "platform/miss_caching_registry.h"
 #include "settings/registry_values.h"
 
@@ -52,15 +51,16 @@ void LoadVendorFolders(SettingsStore& store, Registry& registry, std::span<const
 // Scaled, locale and folder defaults exist only for the record itself; a
 // hosted tab's defaults are constants.
 template <typename Record>
-std::int32_t NumberDefault(const FieldSpec<Record>& spec, const Record& record, Locale* locale) {
+std::int32_t NumberDefault(const FieldSpec<Record>& spec, const Record& record,
+                           const SettingsEnvironment* environment) {
   if constexpr (std::is_same_v<Record, SettingsStore>) {
     switch (spec.rule) {
       case DefaultRule::Scaled:
-        return ScaleValue(spec.number, gScreen.dpiX, record.MyVgaMode == 1);
+        return ScaledFor(record, *environment, spec.number);
       case DefaultRule::LocaleClock:
-        return locale->TimeFormatIndicator().substr(0, 1) == u"1" ? 0 : 1;
+        return environment->locale.TimeFormatIndicator().substr(0, 1) == u"1" ? 0 : 1;
       case DefaultRule::LocaleFirstDay:
-        return ParseLong(locale->FirstDayOfWeek().substr(0, 4), 10);
+        return ParseLong(environment->locale.FirstDayOfWeek().substr(0, 4), 10);
       default:
         break;
     }
@@ -78,11 +78,11 @@ std::u16string TextDefault(const FieldSpec<Record>& spec, const Record& record, 
 }
 
 template <typename Record>
-void LoadValue(const FieldSpec<Record>& spec, Record& record, Locale* locale, Registry& registry,
-               RegKey key) {
+void LoadValue(const FieldSpec<Record>& spec, Record& record, const SettingsEnvironment* environment,
+               Registry& registry, RegKey key) {
   switch (spec.kind) {
     case ValueKind::Dword:
-      record.*spec.dword = ReadDword(registry, spec.name, NumberDefault(spec, record, locale), key);
+      record.*spec.dword = ReadDword(registry, spec.name, NumberDefault(spec, record, environment), key);
       break;
     case ValueKind::Text:
       ReadString(registry, spec.name, record.*spec.string, TextDefault(spec, record, false), key);
@@ -98,12 +98,12 @@ void LoadValue(const FieldSpec<Record>& spec, Record& record, Locale* locale, Re
 }
 
 template <typename Record>
-void SaveValue(const FieldSpec<Record>& spec, const Record& record, Locale* locale,
+void SaveValue(const FieldSpec<Record>& spec, const Record& record, const SettingsEnvironment* environment,
                Registry& registry, RegKey key) {
   if (!spec.saved) return;
   switch (spec.kind) {
     case ValueKind::Dword:
-      WriteDword(registry, key, spec.name, record.*spec.dword, NumberDefault(spec, record, locale));
+      WriteDword(registry, key, spec.name, record.*spec.dword, NumberDefault(spec, record, environment));
       break;
     case ValueKind::Text:
       WriteString(registry, key, spec.name, (record.*spec.string).View(), TextDefault(spec, record, true));
@@ -116,14 +116,19 @@ void SaveValue(const FieldSpec<Record>& spec, const Record& record, Locale* loca
   }
 }
 
+FontDefaults DefaultFont(const FontSpec& spec, const SettingsStore& store, const SettingsEnvironment& environment,
+                         bool forSave) {
+  return {ScaledFor(store, environment, 12), spec.bold, forSave ? spec.savedStrikeOut : spec.strikeOut};
+}
+
 void LoadKey(const KeySpec& spec, SettingsStore& store, const SettingsEnvironment& environment) {
   Registry& registry = environment.registry;
   ScopedKey key(registry, kCurrentUser, spec.path, true);
   for (const ValueSpec& value : spec.values)
-    LoadValue(value, store, &environment.locale, registry, key.get());
+    LoadValue(value, store, &environment, registry, key.get());
   for (const FontSpec& font : spec.fonts)
     ReadFont(registry, key.get(), font.name, store.*font.field, store.ForceClearType == 1,
-             store.FontFaceToUse.View(), DefaultFont(font, store, false));
+             store.FontFaceToUse.View(), DefaultFont(font, store, environment, false));
   if (spec.afterLoad) spec.afterLoad(store, environment, key.get());
 }
 
@@ -132,9 +137,9 @@ void SaveKey(const KeySpec& spec, SettingsStore& store, const SettingsEnvironmen
   ScopedKey key(registry, kCurrentUser, spec.path, true);
   if (spec.beforeSave) spec.beforeSave(store, environment, key.get());
   for (const ValueSpec& value : spec.values)
-    SaveValue(value, store, &environment.locale, registry, key.get());
+    SaveValue(value, store, &environment, registry, key.get());
   for (const FontSpec& font : spec.fonts)
-    WriteFont(registry, key.get(), font.name, store.*font.field, DefaultFont(font, store, true));
+    WriteFont(registry, key.get(), font.name, store.*font.field, DefaultFont(font, store, environment, true));
   if (spec.afterSave) spec.afterSave(store, environment, key.get());
 }
 
@@ -146,17 +151,8 @@ constexpr const KeySpec* kProductKeys[] = {
 
 std::span<const KeySpec* const> ProductKeys() { return kProductKeys; }
 
-std::int32_t DefaultNumber(const ValueSpec& spec, const SettingsStore& store, Locale& locale) {
-  return NumberDefault(spec, store, &locale);
-}
-
-std::u16string DefaultText(const ValueSpec& spec, const SettingsStore& store, bool forSave) {
-  return TextDefault(spec, store, forSave);
-}
-
-FontDefaults DefaultFont(const FontSpec& spec, const SettingsStore& store, bool forSave) {
-  return {ScaleValue(12, gScreen.dpiX, store.MyVgaMode == 1), spec.bold,
-          forSave ? spec.savedStrikeOut : spec.strikeOut};
+int ScaledFor(const SettingsStore& store, const SettingsEnvironment& environment, int value) {
+  return ScaleValue(value, environment.dpi, store.MyVgaMode == 1);
 }
 
 void LoadHostedTab(TabEntry& entry, Registry& registry, RegKey key) {
@@ -172,14 +168,14 @@ void SaveHostedTab(const TabEntry& entry, Registry& registry, RegKey key) {
 void LoadSettings(SettingsStore& store, const SettingsEnvironment& environment) {
   // Most values are absent: each key is listed once instead of asked for each.
   MissCachingRegistry registry(environment.registry);
-  const SettingsEnvironment listed{registry, environment.locale, environment.files};
+  const SettingsEnvironment listed{registry, environment.locale, environment.files, environment.dpi,
+                                   environment.readSkin};
   LoadInstallFolders(store, registry);
   LoadVendorFolders(store, registry, kAgendaFusion);
   LoadVendorFolders(store, registry, kPocketInformant);
   for (const KeySpec* key : ProductKeys()) {
     LoadKey(*key, store, listed);
-    if (key == &kMainKey)
-      ReadSkin(store.skin, store.dSelectedSkin.View(), store.SkinsFolder.View(), listed.files);
+    if (key == &kMainKey && listed.readSkin != nullptr) listed.readSkin(store, listed.files);
   }
 }
 

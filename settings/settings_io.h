@@ -13,14 +13,22 @@
 
 namespace tw {
 
+// Reads the record's selected skin; the skin format lives above the record,
+// so whoever loads the settings hands its reader in.
+using SkinReader = void (*)(SettingsStore& store, FileSystem& files);
+
 struct SettingsEnvironment {
   Registry& registry;
   Locale& locale;
   FileSystem& files;
+  // The screen's horizontal dots per inch: scaled defaults depend on it.
+  int dpi = 96;
+  // Called once the main key is loaded; without it the skin is left as it is.
+  SkinReader readSkin = nullptr;
 };
 
 // Fills the whole record: defaults for whatever is missing or unreadable,
-// validation of the day count, title order and tabs, then the selected skin.
+// validation of the day count, title order and tabs, and the selected skin.
 // Never fails.
 void LoadSettings(SettingsStore& store, const SettingsEnvironment& environment);
 
@@ -29,10 +37,8 @@ void LoadSettings(SettingsStore& store, const SettingsEnvironment& environment);
 // or VGA mode makes an unchanged value explicit. Failures are silent.
 void SaveSettings(SettingsStore& store, const SettingsEnvironment& environment);
 
-// The defaults the loader uses (and the saver, but for the exceptions that
-// the tables declare).
-std::int32_t DefaultNumber(const ValueSpec& spec, const SettingsStore& store, Locale& locale);
-std::u16string DefaultText(const ValueSpec& spec, const SettingsStore& store, bool forSave);
-FontDefaults DefaultFont(const FontSpec& spec, const SettingsStore& store, bool forSave);
+// A 96-dpi layout value on the environment's screen, as the record's VGA mode
+// would draw it.
+int ScaledFor(const SettingsStore& store, const SettingsEnvironment& environment, int value);
 
 }  // namespace tw

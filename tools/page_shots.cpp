@@ -8,13 +8,13 @@
 #include <cwchar>
 #include <string>
 
+#include "app/page_table.h"
+#include "resources/resource_ids.h"
 #include "tools/remote_program.h"
 #include "tools/screen_capture.h"
 
 namespace {
 
-constexpr int kPageCount = 13;
-constexpr WORD kCancelCommand = 40019;
 constexpr DWORD kStartTimeoutMs = 60000;
 constexpr DWORD kIdleTimeoutMs = 10000;
 // Wine copies a window's drawing to the X server a little after the paint
@@ -84,7 +84,7 @@ int wmain(int argc, wchar_t** argv) {
   if (argc < 3) return Fail("usage: page_shots <program.exe> <output folder> [page count]");
   std::wstring exe = argv[1];
   std::wstring folder = argv[2];
-  int pages = argc > 3 ? _wtoi(argv[3]) : kPageCount;
+  int pages = argc > 3 ? _wtoi(argv[3]) : tw::kPageCount;
 
   std::wstring className, title;
   if (!tw::tools::ReadWindowNames(exe, className, title)) return Fail("cannot read the window class and title");
@@ -93,7 +93,7 @@ int wmain(int argc, wchar_t** argv) {
   tw::tools::RemoteProgram program;
   if (!tw::tools::StartProgram(exe, L"", program)) return Fail("cannot start the program");
   if (!tw::tools::WaitForMainWindow(program, className.c_str(), title.c_str(), kStartTimeoutMs)) {
-    tw::tools::CloseProgram(program, kCancelCommand, 1000);
+    tw::tools::CloseProgram(program, IDM_CANCEL, 1000);
     return Fail("the main window did not appear");
   }
   tw::tools::WaitIdle(program.main, kIdleTimeoutMs);
@@ -105,7 +105,7 @@ int wmain(int argc, wchar_t** argv) {
   }
   HWND selector = FindPageSelector(program.main, pages);
   if (!selector) {
-    tw::tools::CloseProgram(program, kCancelCommand, 5000);
+    tw::tools::CloseProgram(program, IDM_CANCEL, 5000);
     return Fail("no page selector with the expected entries");
   }
 
@@ -126,7 +126,7 @@ int wmain(int argc, wchar_t** argv) {
     }
   }
   std::fflush(stdout);
-  DWORD exitCode = tw::tools::CloseProgram(program, kCancelCommand, 10000);
+  DWORD exitCode = tw::tools::CloseProgram(program, IDM_CANCEL, 10000);
   std::printf("program closed, exit code %lu\n", exitCode);
   return saved == pages ? 0 : 1;
 }

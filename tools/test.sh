@@ -7,6 +7,29 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 bash tools/install-deps.sh
 
+# Every suite runs with a scratch home folder holding a canary file and a
+# canary folder: the run fails if either is gone afterwards or if anything
+# at all was written there. Nothing of ours may reach a user's home.
+scratch_home=$(mktemp -d "${TMPDIR:-/tmp}/tw-home.XXXXXX")
+echo canary >"$scratch_home/canary.txt"
+mkdir "$scratch_home/canary-folder"
+echo canary >"$scratch_home/canary-folder/keep.txt"
+export HOME=$scratch_home
+check_home() {
+  local intruders
+  intruders=$(cd "$scratch_home" && find . -mindepth 1 ! -path ./canary.txt ! -path ./canary-folder \
+    ! -path ./canary-folder/keep.txt)
+  if [ ! -f "$scratch_home/canary.txt" ] || [ ! -f "$scratch_home/canary-folder/keep.txt" ]; then
+    echo "FAILED: a canary in the scratch home folder $scratch_home was removed"
+    return 1
+  fi
+  if [ -n "$intruders" ]; then
+    printf 'FAILED: written into the scratch home folder %s:\n%s\n' "$scratch_home" "$intruders"
+    return 1
+  fi
+  echo "Home folder untouched: both canaries in place, nothing else written."
+}
+
 jobs=${JOBS:-2}
 fuzz_seconds=${FUZZ_SECONDS:-20}
 failed=0
@@ -35,7 +58,14 @@ if [ -z "${DISPLAY:-}" ]; then
   sleep 1
 fi
 source tools/wine-prefix.sh "$PWD/build/wineprefix"
+# Wine cannot make a link itself: the clean-up test finds this one, a link
+# from the prefix to the canary folder, and must leave what it leads to.
+mkdir -p "$WINEPREFIX/drive_c/twlink-fixture"
+echo x >"$WINEPREFIX/drive_c/twlink-fixture/inside.txt"
+ln -sfn "$scratch_home/canary-folder" "$WINEPREFIX/drive_c/twlink-fixture/out"
 ctest --test-dir build/mingw --output-on-failure -V || failed=1
+rm -f "$WINEPREFIX/drive_c/twlink-fixture/out" "$WINEPREFIX/drive_c/twlink-fixture/inside.txt"
+rmdir "$WINEPREFIX/drive_c/twlink-fixture" 2>/dev/null || true
 
 step "fuzz targets, ${fuzz_seconds} s each"
 cmake --preset fuzz >/dev/null
@@ -43,6 +73,7 @@ cmake --build build/fuzz -j"$jobs"
 bash tools/fuzz.sh "$fuzz_seconds" || failed=1
 
 wineserver -k >/dev/null 2>&1 || true
+check_home || failed=1
 if [ "$failed" -ne 0 ]; then
   echo "Some tests failed."
   exit 1

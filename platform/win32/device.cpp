@@ -1,7 +1,5 @@
 #include "platform/win32/device.h"
 
-#include <shlobj.h>
-
 #include <cstdlib>
 #include <cwchar>
 
@@ -50,6 +48,22 @@ HWND CreateFullScreenWindow(DWORD exStyle, const wchar_t* className, const wchar
   if (okButton) AttachTitleStrip(window);
   if (style & WS_VISIBLE) ShowWindow(window, SW_SHOW);
   return window;
+}
+
+bool RegisterWindowClass(const WNDCLASSW& windowClass) {
+  WNDCLASSEXW desktop = {sizeof desktop};
+  desktop.style = windowClass.style;
+  desktop.lpfnWndProc = windowClass.lpfnWndProc;
+  desktop.cbClsExtra = windowClass.cbClsExtra;
+  desktop.cbWndExtra = windowClass.cbWndExtra;
+  desktop.hInstance = windowClass.hInstance;
+  desktop.hIcon = windowClass.hIcon;
+  desktop.hCursor = windowClass.hCursor;
+  desktop.hbrBackground = windowClass.hbrBackground;
+  desktop.lpszMenuName = windowClass.lpszMenuName;
+  desktop.lpszClassName = windowClass.lpszClassName;
+  desktop.hIconSm = windowClass.hIcon;
+  return RegisterClassExW(&desktop) != 0;
 }
 
 void BringToFront(HWND window) {
@@ -114,19 +128,21 @@ int ShowMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT
   return answer;
 }
 
-// The shell library is loaded only when asked: at start-up it would cost
-// Wine the loading of shell32 and its dependencies for nothing.
+// The device keeps documents in "\My Documents" on its one drive. The
+// desktop's shell would hand out a folder that Wine links to the user's home,
+// so the stand-in keeps a real folder in the device's file system, and a link
+// found there (someone else's doing) is refused rather than written through.
 std::wstring DocumentsFolder() {
-  using GetFolderPath = BOOL(WINAPI*)(HWND, LPWSTR, int, BOOL);
-  static const auto getFolderPath = [] {
-    HMODULE shell = LoadLibraryW(L"shell32.dll");
-    return shell ? reinterpret_cast<GetFolderPath>(
-                       reinterpret_cast<void*>(GetProcAddress(shell, "SHGetSpecialFolderPathW")))
-                 : nullptr;
-  }();
-  wchar_t path[MAX_PATH] = {};
-  if (!getFolderPath || !getFolderPath(nullptr, path, CSIDL_PERSONAL, TRUE)) return L"";
-  return path;
+  wchar_t windows[MAX_PATH] = {};
+  UINT length = GetSystemWindowsDirectoryW(windows, MAX_PATH);
+  if (length < 3 || windows[1] != L':') return L"";
+  std::wstring folder = {windows[0], L':', L'\\'};
+  folder += L"My Documents";
+  CreateDirectoryW(folder.c_str(), nullptr);
+  DWORD attributes = GetFileAttributesW(folder.c_str());
+  bool realFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) &&
+                    !(attributes & FILE_ATTRIBUTE_REPARSE_POINT);
+  return realFolder ? folder : L"";
 }
 
 }  // namespace tw::device

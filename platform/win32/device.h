@@ -69,6 +69,10 @@ int ShowMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT
 // client area keeps its place and size. Once per window.
 bool AttachTitleStrip(HWND window);
 
+// RegisterClassW as the device has it: one icon per class. The desktop would
+// otherwise load a small copy of the icon, at a cost larger than the class's.
+bool RegisterWindowClass(const WNDCLASSW& windowClass);
+
 // SetForegroundWindow of a handle with its low bit set: the device's way of
 // bringing a window forward together with the windows it owns.
 void BringToFront(HWND window);
@@ -82,7 +86,8 @@ inline void HandleSettingChange(HWND, WPARAM, LPARAM) {}
 // is made the system drive (C: of a Wine prefix), where the device's files lie.
 void EnterDeviceFileSystem();
 
-// SHGetSpecialFolderPath(CSIDL_PERSONAL), creating the folder if missing.
+// SHGetSpecialFolderPath(CSIDL_PERSONAL): "My Documents" at the root of the
+// device's drive, made if missing. Empty when it cannot be had as a real folder.
 std::wstring DocumentsFolder();
 
 }  // namespace tw::device

@@ -1,8 +1,8 @@
 // The category list from the categories database and its attributes.
 #include "data/categories.h"
 
-#include "tests/support/test_platform.h"
 #include "tests/support/make_bitmap.h"
+#include "tests/support/test_platform.h"
 
 namespace tw::test {
 namespace {
@@ -69,15 +69,17 @@ TEST_F(CategoriesTest, LoadsAndSavesBitmapsColoursAndMasks) {
   ASSERT_TRUE(files().MakeDirectory(Folder() + u"\\Icons"));
   auto bitmap = MakeBitmap(24, 1, {{255, 0, 0}});
   ASSERT_TRUE(files().WriteAll(Folder() + u"\\Icons\\Work.bmp", bitmap.data(), bitmap.size()));
+  ASSERT_TRUE(files().WriteAll(Folder() + u"\\Icons\\Дом.bmp", bitmap.data(), bitmap.size()));
   Put(u"CatColor.Work", 0x123456);
   Put(u"CatFilter.Work", 5);
   Put(u"CatColor.home", 7);
   std::uint64_t wide = 9;
   WriteRaw(registry(), kCurrentUser, kCategoriesKey.path, u"CatFilter.Home", kRegDword, &wide, 8);
-  Load({Category(u"Work", 1), Category(u"Home", 2)});
+  Load({Category(u"Work", 1), Category(u"Дом", 3), Category(u"Home", 2)});
   CategoryEntry& home = data.categories.entries[0];
   CategoryEntry& work = data.categories.entries[1];
   EXPECT_TRUE(work.bitmap);
+  EXPECT_TRUE(data.categories.entries[2].bitmap) << "an icon named in another script";
   EXPECT_EQ(work.color, 0x123456u);
   EXPECT_EQ(work.filterMask, 5u);
   EXPECT_FALSE(home.bitmap) << "no file, no bitmap, still listed";

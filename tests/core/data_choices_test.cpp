@@ -6,8 +6,8 @@
 #include "data/icon_sets.h"
 #include "data/schemes.h"
 #include "platform/memory/memory_library_loader.h"
-#include "tests/support/test_platform.h"
 #include "tests/support/make_bitmap.h"
+#include "tests/support/test_platform.h"
 
 namespace tw::test {
 namespace {

@@ -2,7 +2,6 @@
 #include <map>
 #include <set>
 
-#include "base/scaling.h"
 #include "base/text.h"
 #include "tests/support/counting_registry.h"
 #include "tests/support/settings_fixture.h"
@@ -143,6 +142,12 @@ TEST_F(LoadSaveTest, VgaModeDoublesScaledDefaults) {
   EXPECT_EQ(store->dHeightLimit, 320);
   EXPECT_EQ(store->FontGeneral.font.lfHeight, 24);
   EXPECT_EQ(store->MonthlyPopIconsSize, 12);
+
+  registry().DeleteTree(kCurrentUser, u"Software\\Orvex");
+  dpi = 144;
+  Reload();
+  EXPECT_EQ(store->dHeightLimit, 240) << "the screen's dots per inch scale the defaults too";
+  EXPECT_EQ(store->FontGeneral.font.lfHeight, 18);
 }
 
 // One or more values written to an empty tree, the record loaded, one field checked.
@@ -198,10 +203,10 @@ TEST_F(LoadSaveTest, ARepeatedTitlePositionResetsTheOrder) {
 TEST_F(LoadSaveTest, PinnedMonthNeedsAHighEnoughItem) {
   Load();
   store->PinnedMonthlyClr = 1;
-  store->dHeightLimit = ScaleX(200);
+  store->dHeightLimit = 200;
   Save();
   EXPECT_EQ(Stored(kCalendar, u"PinnedMonthlyClr").dword, 1u);
-  store->dHeightLimit = ScaleX(199);
+  store->dHeightLimit = 199;
   Save();
   EXPECT_EQ(store->PinnedMonthlyClr, 0);
   EXPECT_FALSE(Stored(kCalendar, u"PinnedMonthlyClr").present);

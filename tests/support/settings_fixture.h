@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "data/skin.h"
 #include "settings/settings_io.h"
 #include "tests/support/test_platform.h"
 
@@ -21,7 +22,7 @@ class SettingsTest : public PlatformTest {
     PlatformTest::SetUp();
     store = std::make_unique<SettingsStore>();
   }
-  SettingsEnvironment Environment(Registry& r) { return {r, locale(), files()}; }
+  SettingsEnvironment Environment(Registry& r) { return {r, locale(), files(), dpi, ReadSelectedSkin}; }
   void Load() { LoadSettings(*store, Environment(registry())); }
   void Save() { SaveSettings(*store, Environment(registry())); }
   void Reload() {
@@ -36,6 +37,7 @@ class SettingsTest : public PlatformTest {
   }
 
   std::unique_ptr<SettingsStore> store;
+  int dpi = 96;
 };
 
 }  // namespace tw::test

@@ -34,6 +34,17 @@ class PlatformTest : public ::testing::Test {
   void SetFirstDayOfWeek(int day);  // 0 = Monday .. 6 = Sunday
 };
 
+// Removes a folder (a host path natively, a device path under Wine) and
+// everything below it, never following a link out of it; a folder that is
+// itself a link is left alone. False when anything could not be removed.
+bool RemoveTestFolder(const std::u16string& folder);
+
+#ifdef _WIN32
+// The Unix home folder as Wine shows it ("Z:\\home\\..."), from the
+// WINEHOMEDIR Wine sets (HOME itself is not passed on); empty without one.
+std::wstring HostHomeFolder();
+#endif
+
 // Registry reads and writes for checks, with the type reported.
 struct StoredValue {
   bool present = false;

@@ -25,18 +25,27 @@ std::unique_ptr<NativePlatform> gPlatform;
 
 }  // namespace
 
+// remove_all removes a link itself and never what it leads to.
+bool RemoveTestFolder(const std::u16string& folder) {
+  std::filesystem::path path(folder);
+  std::error_code error;
+  if (std::filesystem::is_symlink(path, error)) return false;
+  std::filesystem::remove_all(path, error);
+  return !error;
+}
+
 void PlatformTest::SetUp() {
   gPlatform = std::make_unique<NativePlatform>();
   gPlatform->root = std::filesystem::temp_directory_path() /
                     ("tw-test-" + std::to_string(::getpid()));
-  std::filesystem::remove_all(gPlatform->root);
+  RemoveTestFolder(gPlatform->root.u16string());
   std::filesystem::create_directories(gPlatform->root / "twtest");
   gPlatform->files = std::make_unique<FolderFileSystem>(gPlatform->root);
   gPlatform->bitmaps = std::make_unique<MemoryBitmaps>(*gPlatform->files);
 }
 
 void PlatformTest::TearDown() {
-  std::filesystem::remove_all(gPlatform->root);
+  RemoveTestFolder(gPlatform->root.u16string());
   gPlatform.reset();
 }
 

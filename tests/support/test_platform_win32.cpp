@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "platform/win32/wide.h"
 #include "platform/win32/win32_bitmaps.h"
 #include "platform/win32/win32_database.h"
 #include "platform/win32/win32_file_system.h"
@@ -22,35 +23,58 @@ constexpr std::u16string_view kCleanCurrentUser[] = {u"Software\\Orvex", u"Softw
 constexpr std::u16string_view kCleanLocalMachine[] = {u"Software\\Microsoft\\today\\items\\Tidewell",
                                                       u"SOFTWARE\\Developer One, Inc."};
 
-void RemoveFolder(const std::wstring& folder) {
+bool IsLink(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
+
+void RemoveBelow(const std::wstring& folder) {
   WIN32_FIND_DATAW found;
   HANDLE find = FindFirstFileW((folder + L"\\*").c_str(), &found);
-  if (find != INVALID_HANDLE_VALUE) {
-    do {
-      std::wstring name = found.cFileName;
-      if (name == L"." || name == L"..") continue;
-      std::wstring path = folder + L"\\" + name;
-      if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) RemoveFolder(path);
-      else DeleteFileW(path.c_str());
-    } while (FindNextFileW(find, &found));
-    FindClose(find);
-  }
-  RemoveDirectoryW(folder.c_str());
+  if (find == INVALID_HANDLE_VALUE) return;
+  do {
+    std::wstring name = found.cFileName;
+    if (name == L"." || name == L"..") continue;
+    std::wstring path = folder + L"\\" + name;
+    // Wine shows a linked folder as a reparse point; what it leads to is
+    // not ours, and removing the link itself would empty its target.
+    if (IsLink(found.dwFileAttributes)) continue;
+    if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+      RemoveBelow(path);
+      RemoveDirectoryW(path.c_str());
+    } else {
+      DeleteFileW(path.c_str());
+    }
+  } while (FindNextFileW(find, &found));
+  FindClose(find);
 }
 
 }  // namespace
 
+bool RemoveTestFolder(const std::u16string& folder) {
+  std::wstring path(AsWide(folder.c_str()));
+  DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return true;
+  if (IsLink(attributes) || !(attributes & FILE_ATTRIBUTE_DIRECTORY)) return false;
+  RemoveBelow(path);
+  return RemoveDirectoryW(path.c_str()) != 0;
+}
+
+std::wstring HostHomeFolder() {
+  wchar_t path[MAX_PATH] = {};
+  if (GetEnvironmentVariableW(L"WINEHOMEDIR", path, MAX_PATH) == 0) return L"";
+  std::wstring home = path;
+  return home.rfind(L"\\??\\", 0) == 0 ? home.substr(4) : home;
+}
+
 void PlatformTest::SetUp() {
   for (auto path : kCleanCurrentUser) gRegistry.DeleteTree(kCurrentUser, path);
   for (auto path : kCleanLocalMachine) gRegistry.DeleteTree(kLocalMachine, path);
-  RemoveFolder(L"\\twtest");
+  ASSERT_TRUE(RemoveTestFolder(Folder())) << "a test folder that is a link or cannot be emptied";
   CreateDirectoryW(L"\\twtest", nullptr);
   Use24HourClock(false);
   SetFirstDayOfWeek(6);
 }
 
 void PlatformTest::TearDown() {
-  RemoveFolder(L"\\twtest");
+  RemoveTestFolder(Folder());
   DeleteFileW(L"\\Categories Database");
 }
 

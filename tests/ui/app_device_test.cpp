@@ -11,6 +11,7 @@
 #include "app/shell.h"
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
+#include "resources/string_ids.h"
 #include "tests/ui/app_harness.h"
 
 namespace tw::test {
@@ -85,7 +86,7 @@ TEST_F(DeviceTest, MenuBarButtonsSendCancelAndDone) {
   answerer_.AnswerYesNo(IDNO);
   TapMenuButton(IDM_CANCEL);
   ASSERT_EQ(answerer_.boxes.size(), 1u);
-  EXPECT_EQ(answerer_.boxes[0].caption, EnglishText(40217));
+  EXPECT_EQ(answerer_.boxes[0].caption, EnglishText(kAskCancel.caption));
   ASSERT_NE(Window(), nullptr);
   TapMenuButton(IDOK);
   EXPECT_EQ(Window(), nullptr);
@@ -107,7 +108,7 @@ TEST_F(DeviceTest, MenuBarToolsOpensItsMenuAndSendsTheChoice) {
   Tap(Shell().menuBar, {cancel.left / 2, (cancel.top + cancel.bottom) / 2});  // Tools stands left of Cancel
   KillTimer(nullptr, timer);
   ASSERT_FALSE(answerer_.boxes.empty()) << "no command came from the menu";
-  EXPECT_EQ(answerer_.boxes.back().caption, EnglishText(40209)) << "Export, the first item, was chosen";
+  EXPECT_EQ(answerer_.boxes.back().caption, EnglishText(kSettingsExported.caption)) << "Export, the first item, was chosen";
 }
 
 INT_PTR CALLBACK RecordingDialog(HWND dialog, UINT message, WPARAM wParam, LPARAM) {

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "app/main_window.h"
-#include "base/scaling.h"
 #include "app/shell.h"
+#include "base/scaling.h"
 #include "data/settings_file.h"
 #include "platform/win32/device.h"
 #include "settings/schema.h"
@@ -18,8 +18,6 @@
 
 namespace tw::test {
 namespace {
-
-constexpr char16_t kShellFolders[] = u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
 
 void InstallResourceLibraries() {
   static bool installed = false;
@@ -103,23 +101,21 @@ void AppTest::SetUp() {
   PlatformTest::SetUp();
   InstallResourceLibraries();
   ASSERT_NE(ProgramResources(), nullptr);
-  WriteRaw(registry(), kCurrentUser, kShellFolders, u"Personal", kRegExpandSz, u"C:\\twtest\\Documents",
-           sizeof u"C:\\twtest\\Documents");
   SetEnvironmentVariableW(L"TIDEWELL_SCREEN", nullptr);
   Shell().screenKnown = true;
   gScreen.dpiX = gScreen.dpiY = 96;
+  files().Delete(kDocument);
   SkipFirstRunNotice();
 }
 
 void AppTest::TearDown() {
   if (Window() != nullptr) DestroyWindow(Window());
   Pump();
-  WriteRaw(registry(), kCurrentUser, kShellFolders, u"Personal", kRegExpandSz, u"%USERPROFILE%\\Documents",
-           sizeof u"%USERPROFILE%\\Documents");
   // Later suites of this process scale without the record's VGA mode.
   gScreen.dpiX = gScreen.dpiY = 96;
   gScreen.vgaMode = nullptr;
   files().Delete(u"\\Program Files\\Orvex\\Tidewell\\TWFilters.txt");
+  files().Delete(kDocument);
   PlatformTest::TearDown();
 }
 

@@ -62,6 +62,9 @@ bool WaitFor(Condition condition, int milliseconds = 5000) {
 // The text of a language library string, as the program would show it.
 std::wstring EnglishText(unsigned id);
 
+// Where Export writes and Import reads, as a device path.
+inline constexpr char16_t kDocument[] = u"\\My Documents\\TW_Settings.txt";
+
 class AppTest : public PlatformTest {
  protected:
   void SetUp() override;

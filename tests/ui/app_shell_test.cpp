@@ -7,11 +7,12 @@
 #include <gtest/gtest.h>
 
 #include "app/main_window.h"
-#include "base/scaling.h"
 #include "app/shell.h"
+#include "base/scaling.h"
 #include "pages/about_page.h"
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
+#include "resources/string_ids.h"
 #include "settings/schema.h"
 #include "settings/settings_io.h"
 #include "tests/ui/app_harness.h"
@@ -43,13 +44,44 @@ bool FontSizeItemOffered() {
 
 class ShellTest : public AppTest {
  protected:
-  void WriteDocument(const std::string& text) {
-    files().MakeDirectory(u"\\twtest\\Documents");
-    ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size()));
-  }
+  void WriteDocument(const std::string& text) { ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size())); }
   std::wstring LastCaption() { return answerer_.boxes.empty() ? L"" : answerer_.boxes.back().caption; }
-  static constexpr char16_t kDocument[] = u"\\twtest\\Documents\\TW_Settings.txt";
 };
+
+// A folder of the host as the prefix sees it (drive Z:), from a variable
+// that holds its Unix path.
+std::wstring HostFolder(const wchar_t* variable) {
+  wchar_t path[MAX_PATH] = {};
+  if (GetEnvironmentVariableW(variable, path, MAX_PATH) == 0 || path[0] != L'/') return L"";
+  std::wstring folder = L"Z:" + std::wstring(path);
+  for (wchar_t& c : folder)
+    if (c == L'/') c = L'\\';
+  return folder;
+}
+
+bool IsRealFolder(const std::wstring& path) {
+  DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) &&
+         !(attributes & FILE_ATTRIBUTE_REPARSE_POINT);
+}
+
+// Wine links a new prefix's documents folder to the home folder; the export
+// must land in the device's own folder on drive C: of the prefix instead.
+TEST_F(ShellTest, ExportStaysInsideThePrefix) {
+  ASSERT_NE(Start(), nullptr);
+  Command(IDM_EXPORT);
+  EXPECT_EQ(LastCaption(), EnglishText(kSettingsExported.caption));
+  EXPECT_TRUE(IsRealFolder(L"C:\\My Documents")) << "the device's documents folder is a real folder";
+  std::wstring prefix = HostFolder(L"WINEPREFIX"), home = HostHomeFolder();
+  ASSERT_FALSE(prefix.empty());
+  ASSERT_FALSE(home.empty());
+  EXPECT_NE(GetFileAttributesW((prefix + L"\\drive_c\\My Documents\\TW_Settings.txt").c_str()),
+            INVALID_FILE_ATTRIBUTES);
+  EXPECT_EQ(GetFileAttributesW((home + L"\\TW_Settings.txt").c_str()), INVALID_FILE_ATTRIBUTES);
+  wchar_t profile[MAX_PATH] = {};
+  ASSERT_GT(GetEnvironmentVariableW(L"USERPROFILE", profile, MAX_PATH), 0u);
+  EXPECT_TRUE(IsRealFolder(std::wstring(profile) + L"\\Documents")) << "the prefix's documents folder is no link";
+}
 
 TEST_F(ShellTest, ChoosingAPageTwiceCreatesItOnce) {
   ASSERT_NE(Start(), nullptr);
@@ -103,7 +135,7 @@ TEST_F(ShellTest, FontSizeCommandOnlyOnTheFontsPage) {
 TEST_F(ShellTest, FirstRunNoticeUntilDone) {
   ScopedKey key(registry(), kCurrentUser, kProductKey, true);
   registry().DeleteValue(key.get(), u"FirstTimeSettingsMsg");
-  const std::vector<std::wstring> notice = {EnglishText(40219) + L": " + EnglishText(40218)};
+  const std::vector<std::wstring> notice = {EnglishText(kFirstRunNotice.caption) + L": " + EnglishText(kFirstRunNotice.text)};
 
   ASSERT_NE(Start(), nullptr);
   EXPECT_EQ(answerer_.Seen(), notice);
@@ -136,7 +168,7 @@ TEST_F(ShellTest, CancelAsksAndSavesNothing) {
   answerer_.AnswerYesNo(IDYES);
   Command(IDM_CANCEL);
   EXPECT_EQ(Window(), nullptr);
-  const std::wstring question = EnglishText(40217) + L": " + EnglishText(40216);
+  const std::wstring question = EnglishText(kAskCancel.caption) + L": " + EnglishText(kAskCancel.text);
   ASSERT_EQ(answerer_.Seen(), (std::vector<std::wstring>{question, question}));
   RECT box = answerer_.boxes[0].area;
   EXPECT_TRUE(box.left >= 0 && box.top >= 0 && box.right <= 240 && box.bottom <= 320)
@@ -184,7 +216,7 @@ TEST_F(ShellTest, ExportStraightAfterStart) {
   WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 0xFFFFFFFF);
   ASSERT_NE(Start(), nullptr);
   Command(IDM_EXPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(40209));
+  EXPECT_EQ(LastCaption(), EnglishText(kSettingsExported.caption));
   std::vector<std::uint8_t> bytes;
   files().ReadAll(kDocument, bytes);
   std::string file(bytes.begin(), bytes.end());
@@ -203,13 +235,13 @@ TEST_F(ShellTest, FailedImportKeepsTheWindowAndPages) {
   std::vector<HWND> controls = about->Controls();
   std::string before = RegistrySnapshot();
   Command(IDM_IMPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(40211));
+  EXPECT_EQ(LastCaption(), EnglishText(kCannotOpenSettingsFile.caption));
   EXPECT_EQ(RegistrySnapshot(), before);
 
   // A header neither opened nor closed by a bracket, after a good section.
   WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n\r\nbroken\r\n");
   Command(IDM_IMPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(40213));
+  EXPECT_EQ(LastCaption(), EnglishText(kImportFailed.caption));
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"OnClick").dword, 1u) << "no rollback";
   ASSERT_NE(Window(), nullptr);
   EXPECT_EQ(Shell().slots[kAboutPage].get(), about);
@@ -226,7 +258,7 @@ TEST_F(ShellTest, SuccessfulImportReloadsSavesListsAndEnds) {
       "\r\n[::Categories::]\r\n\"Category\"=\"Business\"\r\n\"FiltersFlag\"=dword:6\r\n\"Color\"=dword:128\r\n");
   ASSERT_NE(Start(kAboutPage), nullptr);
   Command(IDM_IMPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(40215));
+  EXPECT_EQ(LastCaption(), EnglishText(kSettingsImported.caption));
   EXPECT_EQ(Window(), nullptr) << "the program ends after an import";
   EXPECT_EQ(Settings().OnClick, 1) << "the record was read back";
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"OnClick").dword, 1u);
@@ -261,14 +293,14 @@ TEST_F(ShellTest, LanguageLibraryFromTheSettingElseEnglish) {
   const char16_t* folder = u"\\Program Files\\Orvex\\Tidewell\\LangRes\\";
   WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile", folder + std::u16string(u"CPDeuRc.dll"));
   ASSERT_NE(Start(), nullptr);
-  EXPECT_NE(SelectorText(0), EnglishText(40220));
+  EXPECT_NE(SelectorText(0), EnglishText(kPageNameTexts[0]));
   EXPECT_FALSE(SelectorText(0).empty());
   DestroyWindow(Window());
   Pump();
 
   WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile", folder + std::u16string(u"Missing.dll"));
   ASSERT_NE(Start(), nullptr);
-  EXPECT_EQ(SelectorText(0), EnglishText(40220));
+  EXPECT_EQ(SelectorText(0), EnglishText(kPageNameTexts[0]));
 }
 
 TEST(AboutPage, BuildDateReadsNaturally) {

@@ -65,7 +65,7 @@ TEST(LanguageLibraries, HoldEveryTextAndTheMenuBar) {
     EXPECT_EQ(badConversions, std::vector<unsigned>{}) << "texts with other conversions than the program passes";
     EXPECT_EQ(Text(library, tw::kLanguageNameText), language.name);
     // The library is compiled from UTF-8: umlauts must come back as written.
-    EXPECT_EQ(Text(library, 40834), language.green);
+    EXPECT_EQ(Text(library, tw::kColourGreenLabel), language.green);
 
     // The shell removes and re-adds the font-size command in the first submenu.
     HMENU menu = LoadMenuW(library, MAKEINTRESOURCEW(IDM_MENU_BAR));
