@@ -8,7 +8,7 @@
 #include "base/scaling.h"
 #include "data/categories.h"
 #include "platform/win32/device.h"
-#include "platform/win32/skin_image.h"
+#include "data/win32/skin_image.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"

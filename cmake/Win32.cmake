@@ -4,19 +4,17 @@ add_library(tw_platform_win32 STATIC ${TW_WIN32_SOURCES})
 target_link_libraries(tw_platform_win32 PUBLIC tw_core)
 target_compile_definitions(tw_platform_win32 PUBLIC UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601)
 # Only what start-up needs is linked: every DLL imported is loaded and
-# initialised before the first window. shell32 is loaded when asked for, and
-# so must the common controls be (comctl32 costs Wine some 17 ms to load).
+# initialised before the first window, so the common controls are loaded
+# when first needed (comctl32 costs Wine some 17 ms to load).
 target_link_libraries(tw_platform_win32 PUBLIC gdi32 user32 advapi32)
 
 # The application as a library (the shell, pages, controls and the Win32 side
-# of the data code), so UI tests can create the real main window in-process.
-# app/main.cpp alone makes the program; the portable helpers of app/ are core.
+# of the data code in data/win32), so UI tests can create the real main
+# window in-process. app/main.cpp alone makes the program.
 file(GLOB TW_UI_SOURCES CONFIGURE_DEPENDS
-  ${PROJECT_SOURCE_DIR}/app/*.cpp ${PROJECT_SOURCE_DIR}/pages/*.cpp ${PROJECT_SOURCE_DIR}/controls/*.cpp)
-list(REMOVE_ITEM TW_UI_SOURCES
-  ${PROJECT_SOURCE_DIR}/app/main.cpp ${PROJECT_SOURCE_DIR}/app/wide_string.cpp
-  ${PROJECT_SOURCE_DIR}/app/scaling.cpp ${PROJECT_SOURCE_DIR}/app/load_text.cpp
-  ${PROJECT_SOURCE_DIR}/app/text.cpp)
+  ${PROJECT_SOURCE_DIR}/app/*.cpp ${PROJECT_SOURCE_DIR}/pages/*.cpp ${PROJECT_SOURCE_DIR}/controls/*.cpp
+  ${PROJECT_SOURCE_DIR}/data/win32/*.cpp)
+list(REMOVE_ITEM TW_UI_SOURCES ${PROJECT_SOURCE_DIR}/app/main.cpp)
 if(TW_UI_SOURCES)
   add_library(tw_ui STATIC ${TW_UI_SOURCES})
   target_link_libraries(tw_ui PUBLIC tw_platform_win32)

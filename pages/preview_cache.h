@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/win32/skin_image.h"
+#include "data/win32/skin_image.h"
 #include "settings/settings_store.h"
 
 namespace tw {

@@ -35,6 +35,9 @@ fuzz_seconds=${FUZZ_SECONDS:-20}
 failed=0
 step() { printf '\n=== %s ===\n' "$*"; }
 
+step "layers: every include points to its own layer or below"
+python3 tools/layers.py || failed=1
+
 step "native build and tests"
 cmake --preset native >/dev/null
 cmake --build build/native -j"$jobs"

@@ -100,6 +100,34 @@ TEST_F(ShellTest, ChoosingAPageTwiceCreatesItOnce) {
   for (HWND control : controls) EXPECT_TRUE(IsWindow(control) && IsWindowVisible(control));
 }
 
+// Pages store themselves into the record as they are destroyed; the Today
+// item's settings depend on which page wrote last, so the order is fixed.
+class RecordingPage : public SettingsPage {
+ public:
+  RecordingPage(const PageContext& context, int slot, std::vector<int>& log)
+      : SettingsPage(context), slot_(slot), log_(log) {}
+  ~RecordingPage() override { log_.push_back(slot_); }
+  void Show(int, bool) override {}
+
+ private:
+  int slot_;
+  std::vector<int>& log_;
+};
+
+TEST_F(ShellTest, PagesAreStoredInTheirFixedOrder) {
+  for (bool done : {true, false}) {
+    ASSERT_NE(Start(), nullptr);
+    std::vector<int> log;
+    for (int slot = 0; slot < kPageCount; ++slot)
+      if (kPages[slot].destroyRank >= 0)
+        Shell().slots[slot] = std::make_unique<RecordingPage>(MakePageContext(), slot, log);
+    if (done) Command(IDOK);
+    else DestroyWindow(Window());
+    EXPECT_EQ(log, (std::vector<int>{0, 1, 2, 3, 4, 5, 8, 7, 6, 9, 12})) << (done ? "Done" : "window destruction");
+    EXPECT_EQ(Window(), nullptr);
+  }
+}
+
 TEST_F(ShellTest, CategoryPagesArePaintedDarkByTheShell) {
   ASSERT_NE(Start(), nullptr);
   auto pagePixel = [&] {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/win32/skin_image.h"
+#include "data/win32/skin_image.h"
 #include "tests/support/test_platform.h"
 #include "tools/screen_capture.h"
 

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "pages/preview_cache.h"
-#include "platform/win32/skin_image.h"
+#include "data/win32/skin_image.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "data/alpha_blend.h"
-#include "platform/win32/skin_image.h"
+#include "data/win32/skin_image.h"
 #include "tests/ui/image_test_support.h"
 
 namespace tw {

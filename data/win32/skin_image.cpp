@@ -1,4 +1,4 @@
-#include "platform/win32/skin_image.h"
+#include "data/win32/skin_image.h"
 
 #include <algorithm>
 #include <string>
