@@ -160,7 +160,38 @@ inline constexpr unsigned kLanguageTexts[] = {
     // Font chooser and colour picker dialogs.
     40821, 40822, 40823, 40824, 40825, 40826, 40827, 40828, 40832, 40833, 40834,
     40835, 40983, 40984, 40985, 40059,
+
+    // File and folder chooser; the font chooser's title.
+    40986, 40987, 40988, 40989, 40990, 40991, 40992, 40993,
 };
+
+// Texts of the three dialogs that pages open.
+inline constexpr unsigned kTextNoColour = 40553;  // the swatch of "no colour"
+inline constexpr unsigned kTextSetColour = 40483;
+inline constexpr unsigned kTextFontSize = 40821;
+inline constexpr unsigned kTextItalic = 40822;
+inline constexpr unsigned kTextBold = 40823;
+inline constexpr unsigned kTextUnderline = 40824;
+inline constexpr unsigned kTextStrikeOut = 40825;
+inline constexpr unsigned kTextFontColour = 40826;
+inline constexpr unsigned kTextComponentRange = 40827;
+inline constexpr unsigned kTextComponentRangeCaption = 40828;
+inline constexpr unsigned kTextChosenColour = 40832;
+inline constexpr unsigned kTextRed = 40833;
+inline constexpr unsigned kTextGreen = 40834;
+inline constexpr unsigned kTextBlue = 40835;
+inline constexpr unsigned kTextChooseColour = 40983;
+inline constexpr unsigned kTextSlidersTab = 40984;
+inline constexpr unsigned kTextPaletteTab = 40985;
+inline constexpr unsigned kTextNoneButton = 40059;
+inline constexpr unsigned kTextChooseFile = 40986;
+inline constexpr unsigned kTextChooseFolder = 40987;
+inline constexpr unsigned kTextFolderLabel = 40988;
+inline constexpr unsigned kTextFolderUp = 40989;
+inline constexpr unsigned kTextPathTooLong = 40990;
+inline constexpr unsigned kTextPathTooLongCaption = 40991;
+inline constexpr unsigned kTextNoFileChosen = 40992;
+inline constexpr unsigned kTextFontChooserTitle = 40993;
 
 inline constexpr std::size_t kLanguageTextCount = std::size(kLanguageTexts);
 

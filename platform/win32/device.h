@@ -46,9 +46,10 @@ HWND CreateFullScreenWindow(DWORD exStyle, const wchar_t* className, const wchar
                             HINSTANCE instance, void* parameter);
 
 // SHCreateMenuBar with a plain menu resource: a bar along the bottom of the
-// screen owned by `owner`, with one button per top-level popup of the menu.
-// The bar answers kMenuBarGetMenu, TB_ADDBUTTONS for its image buttons, whose
-// commands go to the owner, and TB_GETRECT. Null when the menu cannot be loaded.
+// screen owned by `owner`, with one button per top-level popup of the menu
+// (menu 0: none). The bar answers kMenuBarGetMenu, TB_ADDBUTTONS for its
+// image and text buttons, whose commands go to the owner, and TB_GETRECT.
+// Null when the menu cannot be loaded.
 HWND CreateMenuBar(HWND owner, HINSTANCE menuModule, UINT menuId);
 // The bar's image list: a bitmap resource of square cells side by side, one
 // colour transparent (ImageList_LoadImage with a mask colour and

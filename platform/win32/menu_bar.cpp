@@ -1,8 +1,9 @@
 // The device's menu bar: a strip along the bottom of the screen with one text
 // button per top-level popup of the menu resource, which opens that popup
 // (the owner sees WM_INITMENUPOPUP and the chosen command), followed by the
-// image buttons added with TB_ADDBUTTONS, which send their commands to the
-// owner. The bar draws its buttons itself: loading Wine's common controls for
+// buttons added with TB_ADDBUTTONS, which send their commands to the owner:
+// an image from the bar's strip, or a text (iBitmap I_IMAGENONE, iString
+// pointing at the text, which the bar copies). The bar draws its buttons itself: loading Wine's common controls for
 // a tool bar would take some 17 ms, a tenth of the program's start-up.
 #include <windows.h>
 #include <commctrl.h>
@@ -66,10 +67,27 @@ void AddPopupButtons(HWND bar, BarState& state) {
   ReleaseDC(bar, dc);
 }
 
-LRESULT AddImageButtons(HWND bar, BarState& state, int count, const TBBUTTON* buttons) {
+int TextWidth(HWND bar, const BarState& state, const std::wstring& text) {
+  HDC dc = GetDC(bar);
+  HGDIOBJ oldFont = SelectObject(dc, state.font);
+  SIZE extent = {};
+  GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &extent);
+  SelectObject(dc, oldFont);
+  ReleaseDC(bar, dc);
+  return extent.cx;
+}
+
+LRESULT AddCommandButtons(HWND bar, BarState& state, int count, const TBBUTTON* buttons) {
   if (buttons == nullptr) return FALSE;
-  for (int i = 0; i < count; ++i)
-    PlaceButton(bar, state, {{}, -1, buttons[i].iBitmap, buttons[i].idCommand, {}}, ImageSize(state));
+  for (int i = 0; i < count; ++i) {
+    const TBBUTTON& added = buttons[i];
+    if (added.iBitmap == I_IMAGENONE) {
+      std::wstring text = added.iString != 0 ? reinterpret_cast<const wchar_t*>(added.iString) : L"";
+      PlaceButton(bar, state, {{}, -1, -1, added.idCommand, text}, TextWidth(bar, state, text));
+    } else {
+      PlaceButton(bar, state, {{}, -1, added.iBitmap, added.idCommand, {}}, ImageSize(state));
+    }
+  }
   InvalidateRect(bar, nullptr, TRUE);
   return TRUE;
 }
@@ -132,7 +150,7 @@ void OnPaint(HWND bar, const BarState& state) {
     FillRect(dc, &button.area, GetSysColorBrush(pressed ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
     SetTextColor(dc, GetSysColor(pressed ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
     RECT text = button.area;
-    if (button.popup >= 0) DrawTextW(dc, button.text.c_str(), -1, &text, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    if (button.image < 0) DrawTextW(dc, button.text.c_str(), -1, &text, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     else if (state.images) DrawImage(dc, state, button);
   }
   SelectObject(dc, oldFont);
@@ -190,7 +208,7 @@ LRESULT MenuBarProc(HWND bar, BarState& state, UINT message, WPARAM wParam, LPAR
     case kMenuBarGetMenu:
       return reinterpret_cast<LRESULT>(state.menu);
     case TB_ADDBUTTONSW:
-      return AddImageButtons(bar, state, static_cast<int>(wParam), reinterpret_cast<const TBBUTTON*>(lParam));
+      return AddCommandButtons(bar, state, static_cast<int>(wParam), reinterpret_cast<const TBBUTTON*>(lParam));
     case TB_GETRECT:
       return ButtonRect(state, static_cast<int>(wParam), reinterpret_cast<RECT*>(lParam));
   }
@@ -200,7 +218,7 @@ LRESULT MenuBarProc(HWND bar, BarState& state, UINT message, WPARAM wParam, LPAR
 }  // namespace
 
 HWND CreateMenuBar(HWND owner, HINSTANCE menuModule, UINT menuId) {
-  HMENU menu = menuModule ? LoadMenuW(menuModule, MAKEINTRESOURCEW(menuId)) : nullptr;
+  HMENU menu = menuId == 0 ? CreateMenu() : menuModule ? LoadMenuW(menuModule, MAKEINTRESOURCEW(menuId)) : nullptr;
   if (menu == nullptr) return nullptr;
   HINSTANCE instance = GetModuleHandleW(nullptr);
   RegisterControlClass(instance, kClassName, ControlProc<BarState, MakeBar, MenuBarProc, FreeBar>,

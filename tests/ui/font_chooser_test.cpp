@@ -1,0 +1,139 @@
+// The font chooser driven as a user drives it: boxes ticked, a size picked,
+// a colour set through the picker, Done and Cancel.
+#include "controls/font_chooser.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/colour_picker.h"
+#include "resources/resource_ids.h"
+#include "tests/ui/dialog_driver.h"
+#include "tests/ui/layout_check.h"
+
+namespace tw::test {
+namespace {
+
+class FontChooserTest : public DialogTest {
+ protected:
+  bool Edit(LOGFONTW& font, std::uint32_t& colour) {
+    return Run([&] { return EditFont(owner_, resources_, language_, font, colour); });
+  }
+};
+
+LOGFONTW Font(LONG height, LONG weight, BYTE styles = 0) {
+  LOGFONTW font = {};
+  font.lfHeight = height;
+  font.lfWeight = weight;
+  font.lfItalic = font.lfUnderline = font.lfStrikeOut = styles;
+  lstrcpyW(font.lfFaceName, L"Tahoma");
+  return font;
+}
+
+bool Ticked(HWND dialog, int box) { return IsDlgButtonChecked(dialog, box) == BST_CHECKED; }
+
+void Pick(HWND dialog, int row) {
+  SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_SETCURSEL, row, 0);
+  SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_FONT_SIZE, CBN_SELCHANGE),
+               reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDC_FONT_SIZE)));
+}
+
+// Only 700 is bold; unticked bold is stored thin; sizes outside the list
+// come back one below it.
+TEST_F(FontChooserTest, OpensFromTheRecordAndStoresOnDone) {
+  const struct {
+    LONG height, weight;
+    bool bold;
+    int row;
+    LONG storedHeight, storedWeight;
+  } cases[] = {
+      {12, 700, true, 2, 12, 700},
+      {12, 400, false, 2, 12, 100},
+      {30, 600, false, 20, 30, 100},
+      {10, 100, false, 0, 10, 100},
+      {31, 700, true, -1, 9, 700},
+      {-12, 400, false, -1, 9, 100},
+  };
+  for (const auto& c : cases) {
+    LOGFONTW font = Font(c.height, c.weight);
+    std::uint32_t colour = 0x00112233;
+    Then(IDC_FONT_SIZE, [&](HWND dialog) {
+      EXPECT_EQ(Ticked(dialog, IDC_FONT_BOLD), c.bold);
+      EXPECT_EQ(SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_GETCURSEL, 0, 0), c.row);
+      EXPECT_EQ(SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_GETCOUNT, 0, 0), 21);
+      TapMenuBar(dialog, IDOK);
+    });
+    EXPECT_TRUE(Edit(font, colour));
+    EXPECT_EQ(font.lfHeight, c.storedHeight) << "height " << c.height;
+    EXPECT_EQ(font.lfWeight, c.storedWeight) << "weight " << c.weight;
+    EXPECT_STREQ(font.lfFaceName, L"Tahoma") << "the face is not the chooser's";
+  }
+}
+
+TEST_F(FontChooserTest, StylesAndSizeChangeOnlyOnDone) {
+  const LOGFONTW start = Font(12, 400, 1);
+  LOGFONTW font = start;
+  std::uint32_t colour = kNoColour;
+  auto change = [](HWND dialog) {
+    EXPECT_TRUE(Ticked(dialog, IDC_FONT_ITALIC) && Ticked(dialog, IDC_FONT_UNDERLINE) &&
+                Ticked(dialog, IDC_FONT_STRIKEOUT));
+    for (int box : {IDC_FONT_ITALIC, IDC_FONT_STRIKEOUT, IDC_FONT_BOLD}) SendDlgItemMessageW(dialog, box, BM_CLICK, 0, 0);
+    Pick(dialog, 8);
+  };
+  Then(IDC_FONT_SIZE, [&](HWND dialog) {
+    change(dialog);
+    TapMenuBar(dialog, IDM_CANCEL);
+  });
+  EXPECT_FALSE(Edit(font, colour));
+  EXPECT_EQ(memcmp(&font, &start, sizeof font), 0) << "cancel leaves the record alone";
+
+  Then(IDC_FONT_SIZE, [&](HWND dialog) {
+    change(dialog);
+    SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+  });
+  EXPECT_TRUE(Edit(font, colour));
+  EXPECT_EQ(font.lfHeight, 18);
+  EXPECT_EQ(font.lfWeight, 700);
+  EXPECT_EQ(font.lfItalic, 0);
+  EXPECT_EQ(font.lfUnderline, 1);
+  EXPECT_EQ(font.lfStrikeOut, 0);
+}
+
+// The colour is the caller's as soon as it is set: a later cancel keeps it.
+TEST_F(FontChooserTest, ColourSetThenCancelledStaysSet) {
+  LOGFONTW font = Font(12, 400);
+  std::uint32_t colour = kNoColour;
+  Then(IDC_FONT_SIZE, [&](HWND dialog) {
+    TapControl(dialog, IDC_FONT_SET_COLOUR);
+    UpdateWindow(dialog);
+    EXPECT_EQ(PixelAt(dialog, {131, 49}), RGB(0x00, 0x80, 0xFF)) << "the swatch shows the new colour";
+    TapControl(dialog, IDC_FONT_SET_COLOUR);  // picker cancelled this time
+    TapMenuBar(dialog, IDM_CANCEL);
+  });
+  Then(IDC_RED_SLIDER, [&](HWND picker) {
+    TypeAndLeave(picker, IDC_HTML_VALUE, L"0080FF");
+    TapMenuBar(picker, IDOK);
+  });
+  Then(IDC_RED_SLIDER, [&](HWND picker) {
+    TapMenuBar(picker, IDM_CANCEL);
+  });
+  EXPECT_FALSE(Edit(font, colour));
+  EXPECT_EQ(colour, 0x00FF8000u);
+  EXPECT_EQ(font.lfWeight, 400) << "the font itself is untouched";
+}
+
+TEST_F(FontChooserTest, FitsEveryScreen) {
+  for (const Screen& screen : ScreensToCheck()) {
+    UseScreen(screen);
+    SCOPED_TRACE(std::string(screen.name, screen.name + wcslen(screen.name)));
+    LOGFONTW font = Font(14, 700);
+    std::uint32_t colour = kNoColour;
+    Then(IDC_FONT_SIZE, [&](HWND dialog) {
+      for (const std::string& fault : CheckLayout(dialog)) ADD_FAILURE() << fault;
+      EXPECT_NE(SaveScreenshot(dialog, L"font_chooser", screen), L"");
+      TapMenuBar(dialog, IDM_CANCEL);
+    });
+    Edit(font, colour);
+  }
+}
+
+}  // namespace
+}  // namespace tw::test
