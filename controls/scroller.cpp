@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/scaling.h"
@@ -31,15 +32,20 @@ constexpr COLORREF kPressedTrackColour = RGB(80, 80, 80);
 // unsigned y; anything past this is taken as the top edge.
 constexpr unsigned kLargestPlausibleY = 20000;
 
-struct ThumbPart {
-  HBITMAP bitmap = nullptr;
+// A picture whose transparent colour is turned into a mask once, so that a
+// paint draws it with two plain blits: Wine takes about a millisecond for
+// each transparent blit, five times a paint.
+struct MaskedPicture {
+  HBITMAP image = nullptr;  // the transparent pixels made black
+  HBITMAP mask = nullptr;   // monochrome, 1 where transparent
   int width = 0, height = 0;
 
-  ThumbPart() = default;
-  ThumbPart(const ThumbPart&) = delete;
-  ThumbPart& operator=(const ThumbPart&) = delete;
-  ~ThumbPart() {
-    if (bitmap) DeleteObject(bitmap);
+  MaskedPicture() = default;
+  MaskedPicture(const MaskedPicture&) = delete;
+  MaskedPicture& operator=(const MaskedPicture&) = delete;
+  ~MaskedPicture() {
+    if (image) DeleteObject(image);
+    if (mask) DeleteObject(mask);
   }
 };
 
@@ -60,8 +66,10 @@ struct ScrollerState {
   bool dragging = false;
   int lastDragY = 0;
 
+  // Arrows from a skin's Targa files keep their planes; bitmaps are masked.
   SkinImage up{}, down{};
-  ThumbPart top{}, middle{}, bottom{};
+  MaskedPicture upMasked{}, downMasked{}, top{}, middle{}, bottom{};
+  HDC pictureDc = nullptr;
   OffscreenSurface surface{};
   int surfaceWidth = 0, surfaceHeight = 0;
 };
@@ -85,31 +93,56 @@ bool InColumn(const ScrollerState& state, int x) {
 
 // ---- Pictures
 
-void LoadThumbPart(ThumbPart& part, std::u16string_view folder, std::u16string_view name, HMODULE pictures,
-                   int resource) {
+// Takes the bitmap over.
+void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
+  BITMAP info;
+  if (bitmap == nullptr) return;
+  if (!GetObjectW(bitmap, sizeof info, &info) || info.bmWidth <= 0 || info.bmHeight <= 0) {
+    DeleteObject(bitmap);
+    return;
+  }
+  picture.image = bitmap;
+  picture.width = info.bmWidth;
+  picture.height = info.bmHeight;
+  picture.mask = CreateBitmap(info.bmWidth, info.bmHeight, 1, 1, nullptr);
+  HDC imageDc = CreateCompatibleDC(nullptr), maskDc = CreateCompatibleDC(nullptr);
+  HGDIOBJ oldImage = SelectObject(imageDc, picture.image), oldMask = SelectObject(maskDc, picture.mask);
+  // Pixels of the background colour become 1 in a monochrome copy.
+  SetBkColor(imageDc, transparent);
+  BitBlt(maskDc, 0, 0, picture.width, picture.height, imageDc, 0, 0, SRCCOPY);
+  SetBkColor(imageDc, RGB(0, 0, 0));
+  SetTextColor(imageDc, RGB(255, 255, 255));
+  BitBlt(imageDc, 0, 0, picture.width, picture.height, maskDc, 0, 0, SRCAND);
+  SelectObject(imageDc, oldImage);
+  SelectObject(maskDc, oldMask);
+  DeleteDC(imageDc);
+  DeleteDC(maskDc);
+}
+
+HBITMAP LoadThumbPart(std::u16string_view folder, std::u16string_view name, HMODULE pictures, int resource) {
   // The plain file comes before the high-density one whatever the display.
   if (!folder.empty()) {
     Win32Bitmaps files;
     std::u16string base = std::u16string(folder) + u"\\" + std::u16string(name);
     for (std::u16string_view suffix : {u".bmp", u"_high.bmp"})
-      if ((part.bitmap = static_cast<HBITMAP>(files.Load(base + std::u16string(suffix))))) break;
+      if (auto bitmap = static_cast<HBITMAP>(files.Load(base + std::u16string(suffix)))) return bitmap;
   }
-  if (!part.bitmap)
-    part.bitmap = static_cast<HBITMAP>(
-        LoadImageW(pictures, MAKEINTRESOURCEW(resource), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
-  BITMAP info;
-  if (part.bitmap && GetObjectW(part.bitmap, sizeof info, &info)) {
-    part.width = info.bmWidth;
-    part.height = info.bmHeight;
-  }
+  return static_cast<HBITMAP>(LoadImageW(pictures, MAKEINTRESOURCEW(resource), IMAGE_BITMAP, 0, 0,
+                                         LR_CREATEDIBSECTION));
+}
+
+void LoadArrow(SkinImage& image, MaskedPicture& masked, std::u16string_view folder, std::u16string_view name,
+               HMODULE pictures, int resource) {
+  LoadSkinImage(image, folder, name, pictures, -1, resource, kArrowTransparent, true);
+  MakeMasked(masked, std::exchange(image.bitmap, nullptr), kArrowTransparent);
 }
 
 void LoadPictures(ScrollerState& state, std::u16string_view folder, HMODULE pictures) {
-  LoadSkinImage(state.up, folder, u"up", pictures, -1, IDB_SCROLL_UP, kArrowTransparent, true);
-  LoadSkinImage(state.down, folder, u"down", pictures, -1, IDB_SCROLL_DOWN, kArrowTransparent, true);
-  LoadThumbPart(state.top, folder, u"scroller_top", pictures, IDB_THUMB_TOP);
-  LoadThumbPart(state.bottom, folder, u"scroller_bottom", pictures, IDB_THUMB_BOTTOM);
-  LoadThumbPart(state.middle, folder, u"scroller_middle", pictures, IDB_THUMB_MIDDLE);
+  LoadArrow(state.up, state.upMasked, folder, u"up", pictures, IDB_SCROLL_UP);
+  LoadArrow(state.down, state.downMasked, folder, u"down", pictures, IDB_SCROLL_DOWN);
+  MakeMasked(state.top, LoadThumbPart(folder, u"scroller_top", pictures, IDB_THUMB_TOP), kArrowTransparent);
+  MakeMasked(state.bottom, LoadThumbPart(folder, u"scroller_bottom", pictures, IDB_THUMB_BOTTOM), kArrowTransparent);
+  MakeMasked(state.middle, LoadThumbPart(folder, u"scroller_middle", pictures, IDB_THUMB_MIDDLE), kArrowTransparent);
 }
 
 ScrollerState* MakeScroller(HWND, const CREATESTRUCTW& create) {
@@ -136,8 +169,6 @@ void FitSurface(HWND window, ScrollerState& state) {
   state.surfaceHeight = client.bottom;
 }
 
-void Repaint(HWND window) { RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
-
 void AskForContent(ScrollerState& state) {
   LPARAM where = MAKELPARAM(static_cast<WORD>(state.position), state.parentValue);
   LRESULT height = SendMessageW(state.parent, kScrollerDrawContent, reinterpret_cast<WPARAM>(state.surface.dc()),
@@ -158,10 +189,28 @@ void FillSolid(HDC dc, const RECT& area, COLORREF colour) {
   ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
 }
 
-void DrawThumbPart(HDC dc, const ThumbPart& part, int x, int y, int height) {
-  if (part.bitmap && height > 0)
-    TransparentImage(dc, x, y, ScaleX(kBarWidth), height, part.bitmap, 0, 0, part.width, part.height,
-                     kArrowTransparent);
+void DrawMasked(HDC dc, HDC memory, const MaskedPicture& picture, int x, int y, int width, int height) {
+  if (picture.image == nullptr || width <= 0 || height <= 0) return;
+  COLORREF oldBack = SetBkColor(dc, RGB(255, 255, 255)), oldText = SetTextColor(dc, RGB(0, 0, 0));
+  HGDIOBJ old = SelectObject(memory, picture.mask);
+  StretchBlt(dc, x, y, width, height, memory, 0, 0, picture.width, picture.height, SRCAND);
+  SelectObject(memory, picture.image);
+  StretchBlt(dc, x, y, width, height, memory, 0, 0, picture.width, picture.height, SRCPAINT);
+  SelectObject(memory, old);
+  SetBkColor(dc, oldBack);
+  SetTextColor(dc, oldText);
+}
+
+void DrawThumbPart(HDC dc, const ScrollerState& state, const MaskedPicture& part, int y, int height) {
+  DrawMasked(dc, state.pictureDc, part, Column(state).imageX, y, ScaleX(kBarWidth), height);
+}
+
+void DrawArrow(HDC dc, const ScrollerState& state, const SkinImage& image, const MaskedPicture& masked, int y) {
+  int x = Column(state).imageX;
+  if (masked.image)
+    DrawMasked(dc, state.pictureDc, masked, x, y, masked.width, masked.height);
+  else
+    DrawSkinImage(image, dc, x, y);
 }
 
 // The thumb shrinks as the content grows past twice the client height.
@@ -186,9 +235,8 @@ void DrawTrack(HDC dc, const ScrollerState& state) {
 }
 
 void DrawArrows(HDC dc, const ScrollerState& state, bool up, bool down) {
-  int x = Column(state).imageX;
-  if (up) DrawSkinImage(state.up, dc, x, ScaleY(1));
-  if (down) DrawSkinImage(state.down, dc, x, state.height - ScaleY(kArrowSide));
+  if (up) DrawArrow(dc, state, state.up, state.upMasked, ScaleY(1));
+  if (down) DrawArrow(dc, state, state.down, state.downMasked, state.height - ScaleY(kArrowSide));
 }
 
 void DrawBar(HDC dc, ScrollerState& state) {
@@ -202,21 +250,32 @@ void DrawBar(HDC dc, ScrollerState& state) {
   if (fits && !state.barOnLeft) return;
   DrawTrack(dc, state);
   DrawArrows(dc, state, true, true);
-  int x = Column(state).imageX, cap = ScaleY(kThumbCap);
-  DrawThumbPart(dc, state.top, x, state.thumbTop, cap);
-  DrawThumbPart(dc, state.middle, x, state.thumbTop + cap, state.thumbLength - 2 * cap);
-  DrawThumbPart(dc, state.bottom, x, state.thumbTop + state.thumbLength - cap, cap);
+  int cap = ScaleY(kThumbCap);
+  DrawThumbPart(dc, state, state.top, state.thumbTop, cap);
+  DrawThumbPart(dc, state, state.middle, state.thumbTop + cap, state.thumbLength - 2 * cap);
+  DrawThumbPart(dc, state, state.bottom, state.thumbTop + state.thumbLength - cap, cap);
+}
+
+void PaintInto(HDC dc, ScrollerState& state) {
+  if (!state.surface.dc()) return;
+  DrawContent(state);
+  DrawBar(state.surface.dc(), state);
+  BitBlt(dc, 0, 0, state.width, state.height, state.surface.dc(), 0, 0, SRCCOPY);
 }
 
 void OnPaint(HWND window, ScrollerState& state) {
   PAINTSTRUCT paint;
   HDC dc = BeginPaint(window, &paint);
-  if (state.surface.dc()) {
-    DrawContent(state);
-    DrawBar(state.surface.dc(), state);
-    BitBlt(dc, 0, 0, state.width, state.height, state.surface.dc(), 0, 0, SRCCOPY);
-  }
+  PaintInto(dc, state);
   EndPaint(window, &paint);
+}
+
+// A scroll step paints at once through the window's own context: under
+// Wine an invalidate-and-paint round costs some twenty blits of the client.
+void Repaint(HWND window, ScrollerState& state) {
+  HDC dc = GetDC(window);
+  PaintInto(dc, state);
+  ReleaseDC(window, dc);
 }
 
 // ---- The stylus
@@ -237,7 +296,7 @@ void PressDownArrow(HWND window, ScrollerState& state) {
   if (state.position >= Largest(state)) return;
   if (state.fastJump && state.downPending) {
     state.position = Largest(state);
-    Repaint(window);
+    Repaint(window, state);
     return;
   }
   if (state.fastJump) {
@@ -251,7 +310,7 @@ void PressUpArrow(HWND window, ScrollerState& state) {
   if (state.position < 1) return;
   if (state.fastJump && state.upPending) {
     state.position = 0;
-    Repaint(window);
+    Repaint(window, state);
     return;
   }
   if (state.fastJump) {
@@ -305,7 +364,7 @@ void OnTimer(HWND window, ScrollerState& state, UINT_PTR timer) {
         state.repeatingDown = false;
         state.position = Largest(state);
       }
-      Repaint(window);
+      Repaint(window, state);
       return;
     case kRepeatUpTimer:
       state.position -= ScaleY(kRepeatStep);
@@ -314,7 +373,7 @@ void OnTimer(HWND window, ScrollerState& state, UINT_PTR timer) {
         state.repeatingUp = false;
         state.position = 0;
       }
-      Repaint(window);
+      Repaint(window, state);
       return;
   }
 }
@@ -333,7 +392,7 @@ void Drag(HWND window, ScrollerState& state, unsigned y) {
   if (position == state.position) return;
   state.position = position;
   state.lastDragY = static_cast<int>(y);
-  Repaint(window);
+  Repaint(window, state);
 }
 
 void OnMove(HWND window, ScrollerState& state, WPARAM keys, LPARAM point) {
@@ -352,12 +411,12 @@ void CoastDown(HWND window, ScrollerState& state) {
   for (int step : kCoastSteps) {
     state.position += ScaleY(step);
     if (state.position >= Largest(state)) continue;
-    Repaint(window);
+    Repaint(window, state);
     if (step != kCoastSteps[2]) Sleep(kCoastPauseMs);
   }
   if (state.position < Largest(state)) return;
   state.position = Largest(state);
-  Repaint(window);
+  Repaint(window, state);
 }
 
 void CoastUp(HWND window, ScrollerState& state) {
@@ -365,10 +424,10 @@ void CoastUp(HWND window, ScrollerState& state) {
     state.position -= ScaleY(step);
     if (state.position <= 0) {
       state.position = 0;
-      Repaint(window);
+      Repaint(window, state);
       return;
     }
-    Repaint(window);
+    Repaint(window, state);
     if (step != kCoastSteps[2]) Sleep(kCoastPauseMs);
   }
 }
@@ -377,12 +436,12 @@ void FinishPaging(HWND window, ScrollerState& state) {
   if (state.pageDownPending) {
     state.pageDownPending = false;
     state.position += state.height;  // the paint keeps it within the content
-    Repaint(window);
+    Repaint(window, state);
   }
   if (state.pageUpPending) {
     state.pageUpPending = false;
     state.position = std::max(state.position - state.height, 0);
-    Repaint(window);
+    Repaint(window, state);
   }
 }
 
@@ -418,10 +477,13 @@ void OnCreate(HWND window, ScrollerState& state) {
   state.width = client.right;
   state.height = client.bottom;
   FitSurface(window, state);
+  state.pictureDc = CreateCompatibleDC(state.surface.dc());
 }
 
-void OnDestroy(HWND window) {
+void OnDestroy(HWND window, ScrollerState& state) {
   for (UINT_PTR timer : {kRepeatDownTimer, kRepeatUpTimer, kUpJumpTimer, kDownJumpTimer}) KillTimer(window, timer);
+  if (state.pictureDc) DeleteDC(state.pictureDc);
+  state.pictureDc = nullptr;
 }
 
 LRESULT AddHitBand(ScrollerState& state, const ScrollerHitBand* band) {
@@ -432,7 +494,7 @@ LRESULT AddHitBand(ScrollerState& state, const ScrollerHitBand* band) {
 
 void SetPosition(HWND window, ScrollerState& state, WPARAM position) {
   state.position = std::max(static_cast<int>(position), 0);
-  InvalidateRect(window, nullptr, FALSE);
+  Repaint(window, state);
 }
 
 LRESULT ScrollerProc(HWND window, ScrollerState& state, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -462,7 +524,7 @@ LRESULT ScrollerProc(HWND window, ScrollerState& state, UINT message, WPARAM wPa
       FitSurface(window, state);
       return 0;
     case WM_DESTROY:
-      OnDestroy(window);
+      OnDestroy(window, state);
       return 0;
     case kScrollerAddHitBand:
       return AddHitBand(state, reinterpret_cast<const ScrollerHitBand*>(lParam));

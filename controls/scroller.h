@@ -37,7 +37,7 @@ inline constexpr UINT kScrollerAddHitBand = WM_USER + 100;
 inline constexpr UINT kScrollerClearHitBands = WM_USER + 101;
 // Returns the scroll position in pixels from the top of the content.
 inline constexpr UINT kScrollerGetPosition = WM_USER + 102;
-// wParam: the new position; the next paint keeps it within the content. Repaints.
+// wParam: the new position, kept within the content. Repaints at once.
 inline constexpr UINT kScrollerSetPosition = WM_USER + 103;
 
 // Rows of content that report a value of their own when pressed; top and
