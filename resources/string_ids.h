@@ -26,6 +26,8 @@ inline constexpr unsigned kLanguageNameText = 719;
 inline constexpr unsigned kApplyFontSizeText = 40201;
 inline constexpr unsigned kCategoryListCaption = 40232;
 inline constexpr unsigned kColourGreenLabel = 40834;
+// The first entry of a collapsed icon strip's menu, which chooses no item.
+inline constexpr unsigned kNoneChoiceText = 40791;
 // The page selector's entries, in slot order.
 inline constexpr unsigned kPageNameTexts[] = {40220, 40221, 40222, 40981, 40982, 40223, 40224,
                                               40225, 40227, 40228, 40229, 40230, 40231};
