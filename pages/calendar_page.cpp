@@ -7,6 +7,7 @@
 #include "data/win32/skin_image.h"
 #include "platform/win32/device.h"
 #include "platform/win32/wide.h"
+#include "resources/string_ids.h"
 
 namespace tw {
 namespace {
@@ -277,7 +278,10 @@ void CalendarPage::CreateMarkerStrips() {
     RECT label = second ? RECT{stripX + ScaleX(kStripHeight + kMarkerGap), y + captionDrop, 0, 0}
                         : RECT{captionX, y + captionDrop, 0, 0};
     label.right = label.left + ScaleX(second ? kSecondLabelWidth : kMarkerCaptionWidth - kMarkerGap);
-    if (!strip.single && !beside) label.right = width - ScaleX(kMarkerMargin);
+    if (!strip.single && !beside) {
+      label.top = y;
+      label.right = width - ScaleX(kMarkerMargin);
+    }
     label.bottom = label.top + ScaleY(kMarkerCaptionRow);
     WideString caption = second ? WideString(AsU16(kSecondStripLabel)) : Text(strip.caption);
     stripCaptions_[index] = AddControl(L"STATIC", AsWide(caption.Text()), SS_LEFT | SS_NOPREFIX, label, id++,

@@ -1,5 +1,6 @@
 #include "pages/row_list_page.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/scaling.h"
@@ -26,7 +27,7 @@ constexpr int kCheckHeight = 30;
 constexpr int kOrderListWidth = 160;
 constexpr int kOrderListHeight = 50;
 constexpr int kOrderButtonWidth = 50;
-constexpr int kOrderButtonHeight = 16;
+constexpr int kOrderButtonHeight = 22;
 
 // Ids within the frame's part of the page's block.
 enum FrameId {
@@ -135,23 +136,27 @@ void RowListPage::CreateEditors() {
   editors_ = {editor_.tip, editor_.caption, editor_.dropDown, editor_.check, editor_.text};
 }
 
+// Up and Down beside the list; the reset button below them where the area
+// is tall enough, else in a second column.
 void RowListPage::CreateOrderEditor() {
   const RECT& area = editorArea_;
   int top = area.top + ScaleY(kTipHeight) + ScaleY(kLineGap);
-  int buttonWidth = ScaleX(kOrderButtonWidth), gap = ScaleX(kGap);
-  int listWidth = std::min(ScaleX(kOrderListWidth), int(area.right - area.left) - buttonWidth - gap);
+  int buttonWidth = ScaleX(kOrderButtonWidth), height = ScaleY(kOrderButtonHeight), gap = ScaleX(kGap);
+  int step = height + ScaleY(kLineGap);
+  bool stacked = top + 3 * step <= area.bottom;
+  int columns = stacked ? 1 : 2;
+  int listWidth = std::min(ScaleX(kOrderListWidth), int(area.right - area.left) - columns * (buttonWidth + gap));
   orderList_ = AddControl(WC_LISTVIEWW, L"", kListStyle, Box(area.left, top, listWidth, ScaleY(kOrderListHeight)),
                           ids_.first + kOrderListId, context().normalFont);
   ListViewPrepare(orderList_);
-  int x = area.left + listWidth + gap, height = ScaleY(kOrderButtonHeight);
+  int x = area.left + listWidth + gap;
+  const POINT places[] = {{x, top}, {x, top + step}, stacked ? POINT{x, top + 2 * step} : POINT{x + buttonWidth + gap, top}};
   std::pair<HWND*, unsigned> buttons[] = {
       {&orderUp_, kOrderUpText}, {&orderDown_, kOrderDownText}, {&orderReset_, kOrderResetText}};
-  int id = ids_.first + kOrderUpId;
-  for (auto [button, label] : buttons) {
-    *button = AddControl(L"BUTTON", AsWide(Text(label).Text()), BS_PUSHBUTTON | WS_TABSTOP,
-                         Box(x, top, buttonWidth, height), id++, context().normalFont);
-    top += height + ScaleY(kLineGap) / 2;
-  }
+  for (int i = 0; i < 3; ++i)
+    *buttons[i].first = AddControl(L"BUTTON", AsWide(Text(buttons[i].second).Text()), BS_PUSHBUTTON | WS_TABSTOP,
+                                   Box(places[i].x, places[i].y, buttonWidth, height), ids_.first + kOrderUpId + i,
+                                   context().normalFont);
   editors_.insert(editors_.end(), {orderList_, orderUp_, orderDown_, orderReset_});
 }
 

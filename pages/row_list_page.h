@@ -15,6 +15,7 @@
 #pragma once
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <cstdint>
 #include <span>
@@ -43,8 +44,8 @@ struct Choices {
   unsigned firstText = 0;  // TextRange: texts firstText .. firstText + count - 1
   int firstNumber = 0;     // Numbers: firstNumber .. firstNumber + count - 1, shown with "%d"
   int count = 0;
-  std::span<const unsigned> texts;
-  std::span<const char16_t* const> literals;
+  std::span<const unsigned> texts = {};
+  std::span<const char16_t* const> literals = {};
   ChoiceGenerator generate = nullptr;
 };
 
