@@ -109,7 +109,8 @@ void AppointmentPreview::PaintSample(HDC dc) const {
 }
 
 // Time, left markers, subject and location, right markers; display formats
-// from kFirstTwoLineFormat on put the location on a second line.
+// from kFirstTwoLineFormat on give the location and the right markers a
+// second line, so the subject keeps the first.
 void AppointmentPreview::DrawLine(HDC dc, const RECT& area) const {
   const SettingsStore& settings = context_.settings;
   FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
@@ -125,22 +126,25 @@ void AppointmentPreview::DrawLine(HDC dc, const RECT& area) const {
 
   bool twoLines = settings.ApptDisplayFormat >= kFirstTwoLineFormat;
   int bandHeight = (area.bottom - area.top) / (twoLines ? 2 : 1);
-  RECT band = {area.left + ScaleX(kTextInset), area.top, area.right - ScaleX(kTextInset), area.top + bandHeight};
-  int middle = (band.top + band.bottom) / 2;
+  RECT first = {area.left + ScaleX(kTextInset), area.top, area.right - ScaleX(kTextInset), area.top + bandHeight};
+  RECT second = first;
+  OffsetRect(&second, 0, twoLines ? bandHeight : 0);
 
   std::u16string time = PreviewTime(settings, kSampleStartHour) + u"-" + PreviewTime(settings, kSampleEndHour);
-  DrawBandText(dc, fonts[0], time, band);
-  int x = band.left + TextWidth(dc, time) + ScaleX(kTextGap);
+  DrawBandText(dc, fonts[0], time, first);
+  int x = first.left + TextWidth(dc, time) + ScaleX(kTextGap);
+  int middle = (first.top + first.bottom) / 2;
   for (std::int32_t flag : {settings.ApptLeftAlignIcon1, settings.ApptLeftAlignIcon2})
     x = DrawMarkers(dc, static_cast<std::uint32_t>(flag), x, middle, false);
-  int right = DrawMarkers(dc, static_cast<std::uint32_t>(settings.ClrApptRightIcons), band.right, middle, true);
+  int right = DrawMarkers(dc, static_cast<std::uint32_t>(settings.ClrApptRightIcons), second.right,
+                          (second.top + second.bottom) / 2, true);
 
   WideString subject = PageText(context_, kSampleSubjectText), location = PageText(context_, kSampleLocationText);
-  DrawBandText(dc, fonts[1], subject.View(), {x + ScaleX(kTextGap), band.top, right - ScaleX(kTextGap), band.bottom});
-  RECT place = {x + ScaleX(kTextGap), band.top, right - ScaleX(kTextGap), band.bottom};
-  if (twoLines) OffsetRect(&place, 0, bandHeight);
-  else place.left += TextWidth(dc, subject.View()) + ScaleX(kTextGap);
-  if (place.left < place.right) DrawBandText(dc, fonts[0], location.View(), place);
+  RECT text = {x + ScaleX(kTextGap), first.top, (twoLines ? first.right : right) - ScaleX(kTextGap), first.bottom};
+  DrawBandText(dc, fonts[1], subject.View(), text);
+  if (twoLines) text = {second.left, second.top, right - ScaleX(kTextGap), second.bottom};
+  else text.left += TextWidth(dc, subject.View()) + ScaleX(kTextGap);
+  if (text.left < text.right) DrawBandText(dc, fonts[0], location.View(), text);
 }
 
 // Draws the pictures of the set flags, in the strips' order, rightwards from
