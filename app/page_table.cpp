@@ -1,6 +1,7 @@
 #include "app/page_table.h"
 
 #include "pages/about_page.h"
+#include "pages/calendar_page.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
 
@@ -20,7 +21,7 @@ constexpr int kShellCommands[] = {IDOK, IDCANCEL, IDM_CANCEL, IDM_APPLY_FONT_SIZ
 // Pages are stored in the order 0, 1, 2, 3, 4, 5, 8, 7, 6, 9, 12.
 constexpr PageRow kPages[kPageCount] = {
     {kPageNameTexts[0], nullptr, 0, false, Block(0)},          // General
-    {kPageNameTexts[1], nullptr, 1, false, Block(1)},          // Calendar
+    {kPageNameTexts[1], MakeCalendarPage, 1, false, kCalendarPageIds},  // Calendar
     {kPageNameTexts[2], nullptr, 2, false, Block(2)},          // Tasks
     {kPageNameTexts[3], nullptr, 3, false, Block(3)},          // Notes
     {kPageNameTexts[4], nullptr, 4, false, Block(4)},          // Messages

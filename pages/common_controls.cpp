@@ -1,0 +1,132 @@
+#include "pages/common_controls.h"
+
+#include <vector>
+
+#include "platform/win32/wide.h"
+
+namespace tw {
+namespace {
+
+constexpr int kMaxItemText = 260;
+
+bool RegisterCommonControls() {
+  HMODULE library = LoadLibraryW(L"comctl32.dll");
+  if (library == nullptr) return false;
+  using InitProc = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
+  auto init = reinterpret_cast<InitProc>(reinterpret_cast<void*>(GetProcAddress(library, "InitCommonControlsEx")));
+  if (init == nullptr) return false;
+  INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_TAB_CLASSES | ICC_LISTVIEW_CLASSES};
+  return init(&classes) != FALSE;
+}
+
+}  // namespace
+
+bool LoadCommonControls() {
+  // The library stays loaded for the life of the process, as an import would.
+  static const bool loaded = RegisterCommonControls();
+  return loaded;
+}
+
+void ComboClear(HWND combo) { SendMessageW(combo, CB_RESETCONTENT, 0, 0); }
+
+int ComboAdd(HWND combo, std::u16string_view text) {
+  std::wstring terminated = ToWide(text);
+  return static_cast<int>(SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(terminated.c_str())));
+}
+
+void ComboSelect(HWND combo, int position) { SendMessageW(combo, CB_SETCURSEL, position, 0); }
+
+int ComboSelection(HWND combo) { return static_cast<int>(SendMessageW(combo, CB_GETCURSEL, 0, 0)); }
+
+int ComboCount(HWND combo) { return static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0)); }
+
+std::u16string ComboText(HWND combo, int position) {
+  LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, position, 0);
+  if (length == CB_ERR) return {};
+  std::vector<wchar_t> text(length + 1);
+  SendMessageW(combo, CB_GETLBTEXT, position, reinterpret_cast<LPARAM>(text.data()));
+  return ToU16(text.data());
+}
+
+void ListViewPrepare(HWND list) {
+  SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+  RECT area;
+  GetClientRect(list, &area);
+  LVCOLUMNW column = {};
+  column.mask = LVCF_WIDTH;
+  column.cx = area.right - GetSystemMetrics(SM_CXVSCROLL);
+  SendMessageW(list, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+}
+
+void ListViewAddRow(HWND list, std::u16string_view text) {
+  std::wstring terminated = ToWide(text);
+  LVITEMW item = {};
+  item.mask = LVIF_TEXT;
+  item.iItem = ListViewCount(list);
+  item.pszText = terminated.data();
+  SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void ListViewSetRowText(HWND list, int row, std::u16string_view text) {
+  std::wstring terminated = ToWide(text);
+  LVITEMW item = {};
+  item.pszText = terminated.data();
+  SendMessageW(list, LVM_SETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+}
+
+std::u16string ListViewRowText(HWND list, int row) {
+  wchar_t text[kMaxItemText] = {};
+  LVITEMW item = {};
+  item.pszText = text;
+  item.cchTextMax = kMaxItemText;
+  SendMessageW(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+  return ToU16(text);
+}
+
+int ListViewCount(HWND list) { return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)); }
+
+void ListViewSelect(HWND list, int row) {
+  LVITEMW item = {};
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  item.state = row < 0 ? 0 : item.stateMask;
+  // Row -1 addresses every row.
+  SendMessageW(list, LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+  if (row >= 0) SendMessageW(list, LVM_ENSUREVISIBLE, row, FALSE);
+}
+
+int ListViewSelection(HWND list) {
+  return static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
+int ListViewSelectionMark(HWND list) { return static_cast<int>(SendMessageW(list, LVM_GETSELECTIONMARK, 0, 0)); }
+
+void TabAdd(HWND tabs, std::u16string_view label) {
+  std::wstring terminated = ToWide(label);
+  TCITEMW item = {};
+  item.mask = TCIF_TEXT;
+  item.pszText = terminated.data();
+  SendMessageW(tabs, TCM_INSERTITEMW, TabCount(tabs), reinterpret_cast<LPARAM>(&item));
+}
+
+int TabSelection(HWND tabs) { return static_cast<int>(SendMessageW(tabs, TCM_GETCURSEL, 0, 0)); }
+
+void TabSelect(HWND tabs, int tab) { SendMessageW(tabs, TCM_SETCURSEL, tab, 0); }
+
+int TabCount(HWND tabs) { return static_cast<int>(SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0)); }
+
+void SetChecked(HWND box, bool checked) {
+  SendMessageW(box, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+bool IsChecked(HWND box) { return (SendMessageW(box, BM_GETCHECK, 0, 0) & BST_CHECKED) != 0; }
+
+void SetText(HWND window, std::u16string_view text) { SetWindowTextW(window, ToWide(text).c_str()); }
+
+std::u16string GetText(HWND window) {
+  int length = GetWindowTextLengthW(window);
+  std::vector<wchar_t> text(length + 1);
+  GetWindowTextW(window, text.data(), length + 1);
+  return ToU16(text.data());
+}
+
+}  // namespace tw

@@ -1,0 +1,60 @@
+// The common controls the pages are built of (tab strip, list view, combo
+// box, check box, edit), used through one-line typed helpers rather than raw
+// messages scattered through the pages.
+//
+// The program does not import comctl32: every imported library is loaded
+// before the first window, and the common controls alone would cost Wine
+// about 17 ms of start-up. The first page that needs them calls
+// LoadCommonControls, which loads the library and registers its classes.
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <string>
+#include <string_view>
+
+namespace tw {
+
+// Loads comctl32 and registers the tab strip and list view classes, once per
+// process. False when the library is missing (pages then lack those controls).
+bool LoadCommonControls();
+
+// Combo box (drop-down list).
+void ComboClear(HWND combo);
+int ComboAdd(HWND combo, std::u16string_view text);
+// -1 clears the selection.
+void ComboSelect(HWND combo, int position);
+// -1 when nothing is selected.
+int ComboSelection(HWND combo);
+int ComboCount(HWND combo);
+std::u16string ComboText(HWND combo, int position);
+
+// List view in report style with one column and no header: a plain row list.
+void ListViewPrepare(HWND list);
+void ListViewAddRow(HWND list, std::u16string_view text);
+void ListViewSetRowText(HWND list, int row, std::u16string_view text);
+std::u16string ListViewRowText(HWND list, int row);
+int ListViewCount(HWND list);
+// Selects and focuses one row, or clears every row's selection and focus with -1.
+void ListViewSelect(HWND list, int row);
+// -1 when no row is selected.
+int ListViewSelection(HWND list);
+// The row last selected, -1 when none ever was.
+int ListViewSelectionMark(HWND list);
+
+// Tab strip.
+void TabAdd(HWND tabs, std::u16string_view label);
+int TabSelection(HWND tabs);
+void TabSelect(HWND tabs, int tab);
+int TabCount(HWND tabs);
+
+// Check box.
+void SetChecked(HWND box, bool checked);
+bool IsChecked(HWND box);
+
+// Any window text: captions, statics, edits.
+void SetText(HWND window, std::u16string_view text);
+std::u16string GetText(HWND window);
+
+}  // namespace tw

@@ -1,0 +1,365 @@
+#include "pages/row_list_page.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/scaling.h"
+#include "pages/common_controls.h"
+#include "platform/load_text.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/win32_text_library.h"
+
+namespace tw {
+namespace {
+
+// Layout in 96-dpi units; Layout() scales them once.
+constexpr int kMargin = 10;
+constexpr int kListRightMargin = 20;
+constexpr int kGap = 6;
+constexpr int kEditorsHeight = 128;  // below a portrait list: the editors and the tab strip
+constexpr int kTabStripHeight = 21;
+constexpr int kTipHeight = 42;
+constexpr int kCaptionHeight = 14;
+constexpr int kLineGap = 2;
+constexpr int kFieldHeight = 20;
+constexpr int kDropDownHeight = 100;
+constexpr int kCheckHeight = 30;
+constexpr int kOrderListWidth = 160;
+constexpr int kOrderListHeight = 50;
+constexpr int kOrderButtonWidth = 50;
+constexpr int kOrderButtonHeight = 22;
+
+// Ids within the frame's part of the page's block.
+enum FrameId {
+  kTabStripId,
+  kTipId,
+  kCaptionId,
+  kDropDownId,
+  kCheckId,
+  kTextId,
+  kOrderListId,
+  kOrderUpId,
+  kOrderDownId,
+  kOrderResetId,
+  kFirstListId,  // one per tab from here
+};
+static_assert(kFirstListId + 16 <= kRowListIdCount, "the frame's ids leave room for sixteen tabs");
+
+// The order buttons' labels; the reset button's is shared with other pages.
+constexpr unsigned kOrderUpText = 40248, kOrderDownText = 40249, kOrderResetText = 40478;
+
+constexpr DWORD kListStyle = WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_NOCOLUMNHEADER |
+                             LVS_SHOWSELALWAYS;
+
+RECT Box(int left, int top, int width, int height) { return {left, top, left + width, top + height}; }
+
+CalendarDate Today() {
+  SYSTEMTIME now;
+  GetLocalTime(&now);
+  return {now.wYear, now.wMonth, now.wDay, now.wDayOfWeek, 0, 0};
+}
+
+}  // namespace
+
+WideString PageText(const PageContext& context, unsigned id) {
+  WideString text;
+  if (context.language == nullptr) return text;
+  Win32TextLibrary library(context.language);
+  LoadText(&library, id, text);
+  return text;
+}
+
+RowListPage::RowListPage(const PageContext& context, std::span<const RowTab> tabs, ControlIdRange ids)
+    : SettingsPage(context), tabs_(tabs), ids_(ids) {
+  LoadCommonControls();
+  Layout();
+  tabStrip_ = AddControl(WC_TABCONTROLW, L"", WS_CLIPSIBLINGS | TCS_BOTTOM, tabArea_, ids_.first + kTabStripId,
+                         context.normalFont);
+  for (const RowTab& tab : tabs_) TabAdd(tabStrip_, Text(tab.label).View());
+  CreateLists();
+  CreateEditors();
+  CreateOrderEditor();
+}
+
+RowListPage::~RowListPage() { StoreShownRow(CurrentTab()); }
+
+// Portrait pages put the editors below the list; pages wider than high
+// put them beside it, so the list keeps a useful height.
+void RowListPage::Layout() {
+  RECT page = PageArea();
+  int width = page.right, bottom = page.bottom;
+  tabArea_ = {0, bottom - ScaleY(kTabStripHeight), width, bottom};
+  int top = page.top + ScaleY(kGap);
+  if (width > bottom) {
+    int listWidth = (width - 3 * ScaleX(kMargin)) / 2;
+    listArea_ = {ScaleX(kMargin), top, ScaleX(kMargin) + listWidth, tabArea_.top - ScaleY(kGap)};
+    editorArea_ = {listArea_.right + ScaleX(kMargin), top, width - ScaleX(kMargin), listArea_.bottom};
+  } else {
+    listArea_ = {ScaleX(kMargin), top, width - ScaleX(kListRightMargin), bottom - ScaleY(kEditorsHeight)};
+    editorArea_ = {ScaleX(kMargin), listArea_.bottom + ScaleY(kGap), width - ScaleX(kMargin),
+                   tabArea_.top - ScaleY(kLineGap)};
+  }
+}
+
+void RowListPage::CreateLists() {
+  for (std::size_t tab = 0; tab < tabs_.size(); ++tab) {
+    if (tabs_[tab].rows.empty()) {
+      lists_.push_back(nullptr);
+      continue;
+    }
+    HWND list = AddControl(WC_LISTVIEWW, L"", kListStyle, listArea_, ids_.first + kFirstListId + int(tab),
+                           context().normalFont);
+    ListViewPrepare(list);
+    for (const Row& row : tabs_[tab].rows) ListViewAddRow(list, Text(row.name).View());
+    lists_.push_back(list);
+  }
+}
+
+void RowListPage::CreateEditors() {
+  const RECT& area = editorArea_;
+  int width = area.right - area.left;
+  int below = area.top + ScaleY(kTipHeight) + ScaleY(kLineGap);
+  HFONT font = context().normalFont;
+  editor_.tip = AddControl(L"STATIC", L"Tip text", SS_LEFT | SS_NOPREFIX,
+                           Box(area.left, area.top, width, ScaleY(kTipHeight)), ids_.first + kTipId, font);
+  editor_.caption = AddControl(L"STATIC", L"Static combo :", SS_LEFT | SS_NOPREFIX,
+                               Box(area.left, below, width, ScaleY(kCaptionHeight)), ids_.first + kCaptionId,
+                               context().boldFont);
+  int field = below + ScaleY(kCaptionHeight) + ScaleY(kLineGap);
+  editor_.dropDown = AddControl(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
+                                Box(area.left, field, width, ScaleY(kDropDownHeight)), ids_.first + kDropDownId,
+                                font);
+  editor_.check = AddControl(L"BUTTON", L"Calendar static checkbox", BS_AUTOCHECKBOX | BS_MULTILINE | WS_TABSTOP,
+                             Box(area.left, below, width, ScaleY(kCheckHeight)), ids_.first + kCheckId, font);
+  editor_.text = AddControl(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
+                            Box(area.left, field, width, ScaleY(kFieldHeight)), ids_.first + kTextId, font);
+  editors_ = {editor_.tip, editor_.caption, editor_.dropDown, editor_.check, editor_.text};
+}
+
+// Up and Down beside the list; the reset button below them where the area
+// is tall enough, else in a second column.
+void RowListPage::CreateOrderEditor() {
+  const RECT& area = editorArea_;
+  int top = area.top + ScaleY(kTipHeight) + ScaleY(kLineGap);
+  int buttonWidth = ScaleX(kOrderButtonWidth), height = ScaleY(kOrderButtonHeight), gap = ScaleX(kGap);
+  int step = height + ScaleY(kLineGap);
+  bool stacked = top + 3 * step <= area.bottom;
+  int columns = stacked ? 1 : 2;
+  int listWidth = std::min(ScaleX(kOrderListWidth), int(area.right - area.left) - columns * (buttonWidth + gap));
+  orderList_ = AddControl(WC_LISTVIEWW, L"", kListStyle, Box(area.left, top, listWidth, ScaleY(kOrderListHeight)),
+                          ids_.first + kOrderListId, context().normalFont);
+  ListViewPrepare(orderList_);
+  int x = area.left + listWidth + gap;
+  const POINT places[] = {{x, top}, {x, top + step}, stacked ? POINT{x, top + 2 * step} : POINT{x + buttonWidth + gap, top}};
+  std::pair<HWND*, unsigned> buttons[] = {
+      {&orderUp_, kOrderUpText}, {&orderDown_, kOrderDownText}, {&orderReset_, kOrderResetText}};
+  for (int i = 0; i < 3; ++i)
+    *buttons[i].first = AddControl(L"BUTTON", AsWide(Text(buttons[i].second).Text()), BS_PUSHBUTTON | WS_TABSTOP,
+                                   Box(places[i].x, places[i].y, buttonWidth, height), ids_.first + kOrderUpId + i,
+                                   context().normalFont);
+  editors_.insert(editors_.end(), {orderList_, orderUp_, orderDown_, orderReset_});
+}
+
+int RowListPage::CurrentTab() const { return tabStrip_ ? TabSelection(tabStrip_) : -1; }
+
+HWND RowListPage::List(int tab) const {
+  return tab >= 0 && tab < int(lists_.size()) ? lists_[tab] : nullptr;
+}
+
+const Row* RowListPage::RowAt(int row, int tab) const {
+  if (tab < 0 || tab >= int(tabs_.size())) return nullptr;
+  std::span<const Row> rows = tabs_[tab].rows;
+  return row >= 1 && row <= int(rows.size()) ? &rows[row - 1] : nullptr;
+}
+
+void RowListPage::Show(int showCommand, bool) {
+  ShowWindow(tabStrip_, showCommand);
+  ShowTab(CurrentTab(), showCommand);
+}
+
+// Hiding stores the shown row and leaves the list without a selection, so
+// coming back shows the list with no editor.
+void RowListPage::ShowTab(int tab, int showCommand) {
+  HWND list = List(tab);
+  if (showCommand == 0 && list != nullptr) {
+    StoreShownRow(tab);
+    quiet_ = true;
+    ListViewSelect(list, -1);
+    quiet_ = false;
+  }
+  if (list != nullptr) {
+    ShowWindow(list, showCommand);
+    SetWindowPos(list, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+  } else {
+    ShowOwnTab(tab, showCommand);
+  }
+  HideEditors();
+}
+
+void RowListPage::StoreShownRow(int tab) {
+  HWND list = List(tab);
+  if (list != nullptr && ListViewSelection(list) >= 0) Store(ListViewSelectionMark(list) + 1, tab);
+}
+
+void RowListPage::HideEditors() {
+  for (HWND editor : editors_) ShowWindow(editor, SW_HIDE);
+  shownOrder_ = nullptr;
+}
+
+void RowListPage::ShowEditor(HWND editor, unsigned text) {
+  if (text != 0) SetText(editor, Text(text).View());
+  ShowWindow(editor, SW_SHOW);
+}
+
+void RowListPage::Fill(int rowNumber, int tab) {
+  const Row* row = RowAt(rowNumber, tab);
+  if (row == nullptr) return;
+  ComboClear(editor_.dropDown);
+  HideEditors();
+  SettingsStore& record = settings();
+  switch (row->editor) {
+    case EditorKind::DropDown:
+      FillChoices(*row);
+      ShowEditor(editor_.caption, row->caption);
+      ShowEditor(editor_.dropDown, 0);
+      break;
+    case EditorKind::Check:
+      SetChecked(editor_.check, (record.*row->number & 1) != 0);
+      ShowEditor(editor_.check, row->caption);
+      break;
+    case EditorKind::Text:
+      SetText(editor_.text, (record.*row->text).View());
+      ShowEditor(editor_.caption, row->caption);
+      ShowEditor(editor_.text, 0);
+      break;
+    case EditorKind::Order:
+      FillOrder(*row->order);
+      for (HWND control : {orderList_, orderUp_, orderDown_, orderReset_}) ShowWindow(control, SW_SHOW);
+      break;
+  }
+  ShowEditor(editor_.tip, row->editor == EditorKind::Order ? row->name : row->tip);
+}
+
+// Adds the row's entries and selects the one whose value is the setting's;
+// none when no entry has it (a value from an older version, say).
+void RowListPage::FillChoices(const Row& row) {
+  HWND combo = editor_.dropDown;
+  const Choices& choices = row.choices;
+  switch (choices.kind) {
+    case Choices::Kind::None:
+      break;
+    case Choices::Kind::TextRange:
+      for (int i = 0; i < choices.count; ++i) ComboAdd(combo, Text(choices.firstText + i).View());
+      break;
+    case Choices::Kind::TextList:
+      for (unsigned id : choices.texts) ComboAdd(combo, Text(id).View());
+      break;
+    case Choices::Kind::Literals:
+      for (const char16_t* literal : choices.literals) ComboAdd(combo, literal);
+      break;
+    case Choices::Kind::Numbers:
+      for (int i = 0; i < choices.count; ++i) ComboAdd(combo, FormatText(u"%d", {choices.firstNumber + i}));
+      break;
+    case Choices::Kind::Generated:
+      for (const std::u16string& text : choices.generate({locale_, Today()})) ComboAdd(combo, text);
+      break;
+  }
+  std::int32_t value = settings().*row.number;
+  int selected = -1;
+  for (int position = 0, count = ComboCount(combo); position < count && selected < 0; ++position)
+    if (row.rule(position) == value) selected = position;
+  ComboSelect(combo, selected);
+}
+
+// A drop-down left without a selection keeps the setting as it was.
+void RowListPage::Store(int rowNumber, int tab) {
+  const Row* row = RowAt(rowNumber, tab);
+  if (row == nullptr) return;
+  SettingsStore& record = settings();
+  switch (row->editor) {
+    case EditorKind::DropDown: {
+      int position = ComboSelection(editor_.dropDown);
+      if (position >= 0) record.*row->number = row->rule(position);
+      break;
+    }
+    case EditorKind::Check: {
+      std::int32_t value = IsChecked(editor_.check) ? 1 : 0;
+      if (row->check != nullptr) value = row->check(context(), value);
+      record.*row->number = value;
+      SetChecked(editor_.check, value != 0);
+      break;
+    }
+    case EditorKind::Text:
+      (record.*row->text).Assign(GetText(editor_.text));
+      break;
+    case EditorKind::Order:
+      break;  // every move is written at once
+  }
+}
+
+// Part numbers outside the range stand for their own place.
+void RowListPage::FillOrder(const OrderSpec& order) {
+  shownOrder_ = &order;
+  int parts = int(order.places.size());
+  while (ListViewCount(orderList_) < parts) ListViewAddRow(orderList_, u"");
+  for (int place = 0; place < parts; ++place) {
+    std::int32_t part = settings().*order.places[place];
+    if (part < 0 || part >= parts) part = place;
+    ListViewSetRowText(orderList_, place, Text(order.firstPartText + part).View());
+  }
+}
+
+// Swaps the selected part with its neighbour; nothing moves past the ends.
+void RowListPage::MoveOrderPart(int by) {
+  if (shownOrder_ == nullptr) return;
+  std::span<const NumberField> places = shownOrder_->places;
+  int from = ListViewSelection(orderList_), to = from + by;
+  if (from < 0 || to < 0 || to >= int(places.size())) return;
+  SettingsStore& record = settings();
+  for (int place : {from, to}) {
+    std::int32_t& part = record.*places[place];
+    if (part < 0 || part >= int(places.size())) part = place;
+  }
+  std::swap(record.*places[from], record.*places[to]);
+  FillOrder(*shownOrder_);
+  ListViewSelect(orderList_, to);
+}
+
+void RowListPage::ResetOrder() {
+  if (shownOrder_ == nullptr) return;
+  for (std::size_t place = 0; place < shownOrder_->places.size(); ++place)
+    settings().*shownOrder_->places[place] = std::int32_t(place);
+  FillOrder(*shownOrder_);
+}
+
+bool RowListPage::OnCommand(HWND, UINT, WPARAM wParam, LPARAM) {
+  if (HIWORD(wParam) != BN_CLICKED) return false;
+  int id = LOWORD(wParam) - ids_.first;
+  if (id == kOrderUpId) MoveOrderPart(-1);
+  else if (id == kOrderDownId) MoveOrderPart(1);
+  else if (id == kOrderResetId) ResetOrder();
+  else return false;
+  return true;
+}
+
+void RowListPage::OnRowChanged(const NMLISTVIEW& change) {
+  if (quiet_ || !(change.uChanged & LVIF_STATE)) return;
+  bool was = change.uOldState & LVIS_SELECTED, is = change.uNewState & LVIS_SELECTED;
+  if (was && !is) Store(change.iItem + 1, CurrentTab());
+  if (!was && is) Fill(change.iItem + 1, CurrentTab());
+}
+
+LRESULT RowListPage::OnNotify(HWND, UINT, WPARAM, LPARAM lParam) {
+  const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+  if (header.hwndFrom == tabStrip_) {
+    if (header.code == TCN_SELCHANGING) ShowTab(CurrentTab(), SW_HIDE);
+    if (header.code == TCN_SELCHANGE) ShowTab(CurrentTab(), SW_SHOW);
+    return 0;
+  }
+  for (HWND list : lists_)
+    if (list != nullptr && header.hwndFrom == list && header.code == LVN_ITEMCHANGED)
+      OnRowChanged(*reinterpret_cast<const NMLISTVIEW*>(lParam));
+  return 0;
+}
+
+}  // namespace tw
