@@ -42,10 +42,12 @@ std::vector<CategoryEntry> ReadDatabase(ObjectStore& database) {
   return entries;
 }
 
-// Only a DWORD-sized value counts; anything else leaves the field as it is.
+// Only a REG_DWORD counts: a four-byte string or binary value is no colour
+// or mask, and anything else leaves the field as it is.
 void ReadAttribute(Registry& registry, RegKey key, const std::u16string& name, std::uint32_t& field) {
   std::uint32_t value = 0, size = sizeof value, type = 0;
-  if (registry.Query(key, name, type, &value, size) == kRegSuccess && size == sizeof value) field = value;
+  if (registry.Query(key, name, type, &value, size) == kRegSuccess && type == kRegDword && size == sizeof value)
+    field = value;
 }
 
 void WriteAttribute(Registry& registry, RegKey key, const std::u16string& name, std::uint32_t value,

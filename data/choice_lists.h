@@ -37,8 +37,9 @@ struct LanguageChoices {
 LanguageChoices ListLanguages(FileSystem& files, LibraryLoader& loader, std::u16string_view installFolder,
                               std::u16string_view selectedLibrary);
 
-// Every folder in the skins folder, item data its enumeration count; the one
-// named like the current skin selected. No folder gives "Default" alone.
+// Every plain folder in the skins folder (attributes exactly "directory"),
+// item data its enumeration count; the one named like the current skin
+// selected. No folder gives "Default" alone.
 ChoiceList ListSkins(FileSystem& files, std::u16string_view skinsFolder, std::u16string_view currentSkin);
 
 // The device's font faces as enumerated, duplicates kept; the entry equal to

@@ -69,14 +69,15 @@ std::u16string FolderBrowser::PathOf(const BrowseEntry& entry) const {
 
 std::u16string FolderBrowser::FolderNamed(std::u16string_view parent, std::u16string_view name) {
   for (DirectoryEntry& entry : files_.List(ListingName(parent), u"*"))
-    if (entry.isDirectory && locale_.CompareIgnoreCase(entry.name, name) == 0) return std::move(entry.name);
+    if (entry.IsDirectory() && locale_.CompareIgnoreCase(entry.name, name) == 0) return std::move(entry.name);
   return {};
 }
 
 void FolderBrowser::List() {
   entries_.clear();
   for (DirectoryEntry& found : files_.List(ListingName(folder_), u"*"))
-    if (found.isDirectory || target_ == BrowseFor::File) entries_.push_back({std::move(found.name), found.isDirectory});
+    if (found.IsDirectory() || target_ == BrowseFor::File)
+      entries_.push_back({std::move(found.name), found.IsDirectory()});
   std::sort(entries_.begin(), entries_.end(), [this](const BrowseEntry& a, const BrowseEntry& b) {
     if (a.isFolder != b.isFolder) return a.isFolder;
     int order = locale_.CompareIgnoreCase(a.name, b.name);

@@ -11,7 +11,6 @@ constexpr std::u16string_view kOwnItem = u"Tidewell";
 constexpr std::u16string_view kType = u"Type", kEnabled = u"Enabled", kLibrary = u"DLL";
 constexpr std::int32_t kPluginLibraryType = 4;
 constexpr std::uint32_t kNameChars = 256;
-constexpr std::size_t kMaxTabText = 255;  // the tab record's 256-character texts
 
 std::u16string ItemPath(std::u16string_view name) {
   return FormatText(u"%s\\%s", {kTodayItemsKey, name}, WideString::kMaxLength);
@@ -56,10 +55,11 @@ MessagePair AddHostedTab(SettingsStore& record, Registry& registry, std::u16stri
   for (const TabEntry& tab : record.tabs)
     if (tab.name == name) return kTabExists;
   TabEntry entry;
-  entry.name.Assign(name.substr(0, kMaxTabText));
+  entry.name.Assign(TabEntry::Fit(name));
   {
     ScopedKey item(registry, kLocalMachine, ItemPath(name), false);
     ReadString(registry, kLibrary, entry.library, u"", item.get());
+    entry.library.Assign(TabEntry::Fit(entry.library.View()));
   }
   // Shown, in the first of the Tabs page's choices, and removable.
   entry.enabled = 1;

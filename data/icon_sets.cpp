@@ -18,9 +18,9 @@ std::u16string_view WithoutTrailingBackslash(std::u16string_view folder) {
 void ScanFolder(FileSystem& files, const std::u16string& folder, std::vector<std::u16string>& found) {
   std::u16string_view listed = WithoutTrailingBackslash(folder);
   for (const DirectoryEntry& entry : files.List(listed, u"*.*"))
-    if (entry.isDirectory && !entry.name.empty()) ScanFolder(files, folder + entry.name + u"\\", found);
+    if (entry.IsDirectory() && !entry.name.empty()) ScanFolder(files, folder + entry.name + u"\\", found);
   for (const DirectoryEntry& entry : files.List(listed, u"*.bmp"))
-    if (!entry.isDirectory) found.push_back(folder + entry.name);
+    if (!entry.IsDirectory()) found.push_back(folder + entry.name);
 }
 
 bool PathLess(const std::u16string& a, const std::u16string& b) {

@@ -20,7 +20,7 @@ std::u16string SchemePath(std::u16string_view installFolder, std::u16string_view
 std::vector<std::u16string> ListSchemes(FileSystem& files, std::u16string_view installFolder) {
   std::vector<std::u16string> names;
   for (const DirectoryEntry& entry : files.List(SchemesFolder(installFolder), u"*.scm"))
-    if (!entry.isDirectory) names.push_back(entry.name);
+    if (!entry.IsDirectory()) names.push_back(entry.name);
   return names;
 }
 

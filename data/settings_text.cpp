@@ -17,8 +17,16 @@ std::u16string DecodeUtf16(std::span<const std::uint8_t> bytes, bool bigEndian) 
 
 enum class Encoding { Utf8, Utf16Le, Utf16Be };
 
-// Without a mark, UTF-16 shows itself by zero bytes: in the high halves of
-// ASCII characters, at odd offsets for little-endian, even for big-endian.
+// Zero bytes mark UTF-16 without a mark only when they form its pattern over
+// the whole file: the high bytes of its ASCII characters (every quote, name,
+// number and line end of this format) fill at least a quarter of the odd
+// positions for little-endian, or of the even ones for big-endian, and
+// hardly any zero stands on the other side. A stray zero byte in UTF-8, or a
+// tail of zeros left by an interrupted write, forms no such pattern.
+bool ZerosFormUtf16(std::size_t highZeros, std::size_t lowZeros, std::size_t units) {
+  return highZeros > 0 && highZeros * 4 >= units && lowZeros * 8 <= highZeros;
+}
+
 Encoding Detect(std::span<const std::uint8_t> bytes, std::size_t& markLength) {
   markLength = 0;
   if (bytes.size() >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF) {
@@ -36,8 +44,18 @@ Encoding Detect(std::span<const std::uint8_t> bytes, std::size_t& markLength) {
   std::size_t evenZeros = 0, oddZeros = 0;
   for (std::size_t i = 0; i < bytes.size(); ++i)
     if (bytes[i] == 0) ++(i % 2 == 0 ? evenZeros : oddZeros);
-  if (evenZeros == 0 && oddZeros == 0) return Encoding::Utf8;
-  return oddZeros >= evenZeros ? Encoding::Utf16Le : Encoding::Utf16Be;
+  std::size_t units = bytes.size() / 2;
+  if (ZerosFormUtf16(oddZeros, evenZeros, units)) return Encoding::Utf16Le;
+  if (ZerosFormUtf16(evenZeros, oddZeros, units)) return Encoding::Utf16Be;
+  return Encoding::Utf8;
+}
+
+// A zero byte in 8-bit text holds no character; it is dropped, as the byte
+// line reader drops it.
+std::u16string DecodeUtf8(std::span<const std::uint8_t> bytes) {
+  std::u16string text = Utf8ToUtf16(bytes);
+  std::erase(text, u'\0');
+  return text;
 }
 
 std::u16string JoinLineEnds(std::u16string text) {
@@ -85,7 +103,7 @@ std::u16string DecodeSettingsText(std::span<const std::uint8_t> bytes) {
   std::size_t markLength = 0;
   Encoding encoding = Detect(bytes, markLength);
   bytes = bytes.subspan(markLength);
-  return JoinLineEnds(encoding == Encoding::Utf8 ? Utf8ToUtf16(bytes)
+  return JoinLineEnds(encoding == Encoding::Utf8 ? DecodeUtf8(bytes)
                                                  : DecodeUtf16(bytes, encoding == Encoding::Utf16Be));
 }
 

@@ -1,8 +1,9 @@
 // The text streams of the settings file. Output is UTF-8 without a mark with
 // CR LF line ends, as the device's text-mode wide stream writes; input takes
-// UTF-8 (with or without a mark), UTF-16 LE or BE (marked or recognised by
-// their zero bytes) and Windows-1252 for bytes that are not UTF-8, and gives
-// back lines as fgetws with an 800-character buffer does.
+// UTF-8 (with or without a mark), UTF-16 LE or BE (marked, or recognised by
+// the zero bytes of their ASCII characters throughout the file) and
+// Windows-1252 for bytes that are not UTF-8, and gives back lines as fgetws
+// with an 800-character buffer does.
 #pragma once
 
 #include <cstdint>

@@ -21,9 +21,17 @@ class File {
   virtual bool Rewind() = 0;
 };
 
+// Attribute bits of a directory entry, with the values of the device's
+// FILE_ATTRIBUTE_* constants.
+inline constexpr std::uint32_t kAttributeReadOnly = 0x01, kAttributeHidden = 0x02,
+                               kAttributeSystem = 0x04, kAttributeDirectory = 0x10,
+                               kAttributeArchive = 0x20;
+
 struct DirectoryEntry {
   std::u16string name;  // without the folder
-  bool isDirectory = false;
+  std::uint32_t attributes = 0;
+
+  bool IsDirectory() const { return (attributes & kAttributeDirectory) != 0; }
 };
 
 class FileSystem {

@@ -61,14 +61,16 @@ constexpr ValueSpec kSpecialEvents[] = {
     Dword(u"SEApptsDaySpan", &S::SEApptsDaySpan, 30),
 };
 
+// The numbers, then "HideABCVals", then the programs: the order the values
+// are saved in, kept on purpose although "HideABCVals" is a number too.
 constexpr ValueSpec kCustomPim[] = {
     Dword(u"OverridePimCatIcons", &S::OverridePimCatIcons, 0),
     Dword(u"OverridePimCatColros", &S::OverridePimCatColros, 0),
     Dword(u"LeaveAFRunning", &S::LeaveAFRunning, 0),
+    Dword(u"HideABCVals", &S::HideABCVals, 1),
     Text(u"dCustomPIMCalendar", &S::dCustomPIMCalendar, u""),
     Text(u"dCustomPIMTasks", &S::dCustomPIMTasks, u""),
     Text(u"dCustomPIMContacts", &S::dCustomPIMContacts, u""),
-    Dword(u"HideABCVals", &S::HideABCVals, 1),
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "base/wide_string.h"
@@ -21,6 +22,15 @@ struct SettingItem {
 // A tab of the Today item hosted from another plug-in: one TabSettings subkey.
 struct TabEntry {
   static constexpr std::size_t kMaxText = 255;  // the Today item's 256-character fields
+
+  // A name or path as those fields hold it: cut to kMaxText characters,
+  // never between the halves of a surrogate pair.
+  static constexpr std::u16string_view Fit(std::u16string_view text) {
+    std::size_t length = text.size() <= kMaxText ? text.size() : kMaxText;
+    if (length < text.size() && text[length - 1] >= 0xD800 && text[length - 1] <= 0xDBFF) --length;
+    return text.substr(0, length);
+  }
+
   WideString customIconName;
   WideString name;
   WideString library;

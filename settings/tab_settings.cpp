@@ -12,7 +12,10 @@ using S = SettingsStore;
 using T = TabEntry;
 
 constexpr const char16_t* kTabSettingsPath = u"Software\\Orvex\\Tidewell\\TabSettings";
-// A subkey the save never removes, whether or not the record lists it.
+// A subkey the save never removes, whether or not the record lists it. It is
+// matched without regard to case, as the registry matches key names: a
+// "contacts" subkey is the very key the Today item opens as "Contacts", and
+// deleting it would lose what is kept there.
 constexpr std::u16string_view kKeptSubkey = u"Contacts";
 constexpr std::int32_t kFirstTab = 1;  // the calendar, always there
 constexpr std::uint32_t kNameChars = 256;
@@ -67,6 +70,8 @@ void LoadTabs(SettingsStore& store, const SettingsEnvironment& environment, RegK
     entry.name.Assign(std::u16string_view(name, chars));
     ScopedKey subkey(registry, key, entry.name.View(), false);
     LoadHostedTab(entry, registry, subkey.get());
+    entry.library.Assign(TabEntry::Fit(entry.library.View()));
+    entry.installPath.Assign(TabEntry::Fit(entry.installPath.View()));
     if (entry.order < 2) ordersValid = false;
     if (entry.order == store.ActiveTab && entry.enabled == 1) activeFound = true;
   }
@@ -90,7 +95,7 @@ void DeleteHostedTabKeys(SettingsStore&, const SettingsEnvironment& environment,
     std::uint32_t chars = kNameChars;
     if (registry.EnumKey(key, index, name, chars) != kRegSuccess) break;
     std::u16string_view subkey(name, chars);
-    if (subkey == kKeptSubkey || registry.DeleteTree(key, subkey) != kRegSuccess) ++index;
+    if (EqualsIgnoreCase(subkey, kKeptSubkey) || registry.DeleteTree(key, subkey) != kRegSuccess) ++index;
   }
 }
 

@@ -38,6 +38,20 @@ std::FILE* OpenHost(const std::filesystem::path& path, bool write) {
 #endif
 }
 
+// The attributes Wine gives a host entry, so that both builds list alike: a
+// folder is "directory" and a file "archive"; a name with a leading dot is
+// hidden, and an entry that nobody may write to is read-only.
+std::uint32_t HostAttributes(const std::filesystem::directory_entry& item, std::u16string_view name) {
+  using std::filesystem::perms;
+  std::error_code error;
+  std::filesystem::file_status status = item.status(error);
+  std::uint32_t attributes = std::filesystem::is_directory(status) ? kAttributeDirectory : kAttributeArchive;
+  if ((status.permissions() & (perms::owner_write | perms::group_write | perms::others_write)) == perms::none)
+    attributes |= kAttributeReadOnly;
+  if (name.starts_with(u'.')) attributes |= kAttributeHidden;
+  return attributes;
+}
+
 }  // namespace
 
 FolderFileSystem::FolderFileSystem(std::filesystem::path root) : root_(std::move(root)) {}
@@ -100,7 +114,7 @@ std::vector<DirectoryEntry> FolderFileSystem::List(std::u16string_view folder,
   std::error_code error;
   for (const auto& item : std::filesystem::directory_iterator(HostPath(folder), error)) {
     std::u16string name = Utf8ToUtf16(item.path().filename().string());
-    if (MatchesPattern(name, pattern)) entries.push_back({name, item.is_directory(error)});
+    if (MatchesPattern(name, pattern)) entries.push_back({name, HostAttributes(item, name)});
   }
   return entries;
 }

@@ -94,7 +94,7 @@ std::vector<DirectoryEntry> Win32FileSystem::List(std::u16string_view folder, st
   do {
     std::wstring_view name = found.cFileName;
     if (name == L"." || name == L"..") continue;
-    entries.push_back({ToU16(name), (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+    entries.push_back({ToU16(name), found.dwFileAttributes});
   } while (FindNextFileW(find, &found));
   FindClose(find);
   return entries;

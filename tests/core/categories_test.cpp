@@ -24,9 +24,6 @@ class CategoriesTest : public PlatformTest {
     WriteDatabase(kCategoriesDatabase, records);
     LoadCategories(data, {registry(), locale(), files(), database(), bitmaps()}, Folder() + u"\\Icons", Folder());
   }
-  void Put(std::u16string_view name, std::uint32_t value) {
-    WriteDword(registry(), kCurrentUser, kCategoriesKey.path, name, value);
-  }
   std::vector<std::u16string> Names() {
     std::vector<std::u16string> names;
     for (const CategoryEntry& entry : data.categories.entries) names.push_back(entry.name.Str());
@@ -70,11 +67,10 @@ TEST_F(CategoriesTest, LoadsAndSavesBitmapsColoursAndMasks) {
   auto bitmap = MakeBitmap(24, 1, {{255, 0, 0}});
   ASSERT_TRUE(files().WriteAll(Folder() + u"\\Icons\\Work.bmp", bitmap.data(), bitmap.size()));
   ASSERT_TRUE(files().WriteAll(Folder() + u"\\Icons\\Дом.bmp", bitmap.data(), bitmap.size()));
-  Put(u"CatColor.Work", 0x123456);
-  Put(u"CatFilter.Work", 5);
-  Put(u"CatColor.home", 7);
-  std::uint64_t wide = 9;
-  WriteRaw(registry(), kCurrentUser, kCategoriesKey.path, u"CatFilter.Home", kRegDword, &wide, 8);
+  Put(kCategoriesKey.path, u"CatColor.Work", 0x123456);
+  Put(kCategoriesKey.path, u"CatFilter.Work", 5);
+  Put(kCategoriesKey.path, u"CatColor.home", 7);
+  PutText(kCategoriesKey.path, u"CatFilter.Home", u"1");
   Load({Category(u"Work", 1), Category(u"Дом", 3), Category(u"Home", 2)});
   CategoryEntry& home = data.categories.entries[0];
   CategoryEntry& work = data.categories.entries[1];
@@ -84,7 +80,7 @@ TEST_F(CategoriesTest, LoadsAndSavesBitmapsColoursAndMasks) {
   EXPECT_EQ(work.filterMask, 5u);
   EXPECT_FALSE(home.bitmap) << "no file, no bitmap, still listed";
   EXPECT_EQ(home.color, 7u) << "value names ignore case, as registry names do";
-  EXPECT_EQ(home.filterMask, 0u) << "eight-byte data is not used";
+  EXPECT_EQ(home.filterMask, 0u) << "four bytes of text are no mask";
 
   home.color = kNoCategoryColor;
   work.color = 0xFFFFFFFE;
@@ -92,7 +88,7 @@ TEST_F(CategoriesTest, LoadsAndSavesBitmapsColoursAndMasks) {
   SaveCategoryAttributes(data.categories, registry());
   EXPECT_EQ(ValueNames(registry(), kCurrentUser, kCategoriesKey.path),
             (std::vector<std::u16string>{u"CatColor.Work", u"CatFilter.Work"}));
-  EXPECT_EQ(ReadValue(registry(), kCurrentUser, kCategoriesKey.path, u"CatFilter.Work").dword, 0x80000000u);
+  EXPECT_EQ(Stored(kCategoriesKey.path, u"CatFilter.Work").dword, 0x80000000u);
 }
 
 TEST_F(CategoriesTest, FindsTheFirstRowHoldingY) {

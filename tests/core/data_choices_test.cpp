@@ -6,14 +6,14 @@
 #include "data/icon_sets.h"
 #include "data/schemes.h"
 #include "platform/memory/memory_library_loader.h"
+#include "settings/schema.h"
 #include "tests/support/make_bitmap.h"
 #include "tests/support/test_platform.h"
 
 namespace tw::test {
 namespace {
 
-constexpr std::u16string_view kColors = u"Software\\Orvex\\Tidewell\\Colors";
-constexpr std::u16string_view kFonts = u"Software\\Orvex\\Tidewell\\Fonts";
+const std::u16string_view kColors = kColorsKey.path, kFonts = kFontsKey.path;
 
 class DataFilesTest : public PlatformTest {
  protected:
@@ -39,9 +39,6 @@ class DataFilesTest : public PlatformTest {
     entry.name.Assign(name);
     entry.color = color;
     return entry;
-  }
-  void Put(std::u16string_view path, std::u16string_view name, std::uint32_t value) {
-    WriteDword(registry(), kCurrentUser, path, name, value);
   }
   MessagePair Save(std::u16string_view name) {
     return SaveScheme(registry(), files(), data.categories, Folder(), name);
@@ -72,7 +69,7 @@ TEST_F(DataFilesTest, SchemesHoldColoursFontsAndCategoryColours) {
   data.categories.entries[0].color = 9;
   EXPECT_EQ(Load(u"Dark.scm"), kNoMessage);
   EXPECT_EQ(ValueNames(registry(), kCurrentUser, kColors), std::vector<std::u16string>{u"HighlightBgClr"});
-  EXPECT_EQ(ReadValue(registry(), kCurrentUser, kColors, u"HighlightBgClr").dword, 255u);
+  EXPECT_EQ(Stored(kColors, u"HighlightBgClr").dword, 255u);
   EXPECT_EQ(data.categories.entries[0].color, 5u);
   data.categories.entries[0].name.Assign(u"Office");
   data.categories.entries[0].color = 9;
@@ -84,16 +81,16 @@ TEST_F(DataFilesTest, SchemesHoldColoursFontsAndCategoryColours) {
   Make({u"\\Schemes\\Broken.scm"}, "\r\n[Software\\Orvex\\Tidewell\\Fonts]\r\n\"A\"=dword:1\r\n\r\n");
   EXPECT_EQ(Load(u"Broken.scm"), kSchemeLoadFailed);
   EXPECT_FALSE(KeyExists(registry(), kCurrentUser, kColors)) << "the cleared keys stay cleared";
-  EXPECT_EQ(ReadValue(registry(), kCurrentUser, kFonts, u"A").dword, 1u) << "what came before the failure stays";
+  EXPECT_EQ(Stored(kFonts, u"A").dword, 1u) << "what came before the failure stays";
   EXPECT_TRUE(DeleteScheme(files(), Folder(), u"Broken.scm"));
   EXPECT_EQ(ListSchemes(files(), Folder()), std::vector<std::u16string>{u"Dark.scm"});
 }
 
 TEST_F(DataFilesTest, IconFoldersComeInTheirFixedOrderAndAreScannedIgnoringCase) {
   std::u16string iconSet = u"Software\\Orvex\\Tidewell\\IconSet";
-  WriteText(registry(), kCurrentUser, iconSet, u"InstallPath12", u"\\Twelve");
-  WriteText(registry(), kCurrentUser, iconSet, u"InstallPath24", u"\\TwentyFour");
-  WriteText(registry(), kCurrentUser, iconSet, u"InstallPathBlank", u"");
+  PutText(iconSet, u"InstallPath12", u"\\Twelve");
+  PutText(iconSet, u"InstallPath24", u"\\TwentyFour");
+  PutText(iconSet, u"InstallPathBlank", u"");
   EXPECT_EQ(IconFolders(registry(), u"\\Inst", u"\\More"),
             (std::vector<std::u16string>{u"\\Inst\\Icons\\", u"\\More\\", u"\\TwentyFour\\", u"\\Twelve\\"}));
   EXPECT_EQ(IconFolders(registry(), u"\\Inst", u"").size(), 3u);
@@ -160,13 +157,13 @@ TEST_F(DataFilesTest, LanguageSelectionCountsLibrariesWithoutAName) {
   EXPECT_EQ(ListLanguages(files(), loader, Folder(), paths[1]).list.selected, 0) << "no match in case: the first";
 }
 
-TEST_F(DataFilesTest, SkinsAreTheSkinFoldersOrDefault) {
-  Make({u"\\Skins\\"});
+TEST_F(DataFilesTest, SkinsArePlainSkinFoldersOrDefault) {
+  Make({u"\\Skins\\", u"\\Skins\\.hidden\\", u"\\Skins\\notes.txt"});
   ChoiceList none = ListSkins(files(), Folder() + u"\\Skins", u"default");
-  ASSERT_EQ(none.entries.size(), 1u);
+  ASSERT_EQ(none.entries.size(), 1u) << "a hidden folder is no skin";
   EXPECT_EQ(none.entries[0].text, u"Default");
   EXPECT_EQ(none.entries[0].itemData, 0);
-  Make({u"\\Skins\\Ocean\\", u"\\Skins\\Plain\\", u"\\Skins\\notes.txt"});
+  Make({u"\\Skins\\Ocean\\", u"\\Skins\\Plain\\"});
   ChoiceList skins = ListSkins(files(), Folder() + u"\\Skins", u"Plain");
   ASSERT_EQ(skins.entries.size(), 2u);
   EXPECT_EQ(skins.entries[skins.selected].text, u"Plain");

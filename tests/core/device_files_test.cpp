@@ -11,6 +11,7 @@
 #include "data/categories.h"
 #include "data/schemes.h"
 #include "data/skin.h"
+#include "settings/schema.h"
 #include "tests/support/test_platform.h"
 
 namespace tw::test {
@@ -121,22 +122,21 @@ TEST_F(DeviceFilesTest, DemoDatabaseListsADozenCategoriesWithTheirIcons) {
 TEST_F(DeviceFilesTest, SchemesLoadColoursFontsAndCategoryColours) {
   Install("Schemes");
   LoadDemoCategories();
-  const std::u16string colors = u"Software\\Orvex\\Tidewell\\Colors";
-  const std::u16string fonts = u"Software\\Orvex\\Tidewell\\Fonts";
+  const std::u16string_view colors = kColorsKey.path, fonts = kFontsKey.path;
 
   EXPECT_EQ(ListSchemes(files(), Folder()).size(), 2u);
   ASSERT_EQ(LoadScheme(registry(), files(), data, Folder(), u"Deep Water.scm"), kNoMessage);
-  EXPECT_EQ(ReadValue(registry(), kCurrentUser, colors, u"GeneralFontColor").dword, Rgb(16, 40, 78));
-  EXPECT_EQ(ReadValue(registry(), kCurrentUser, colors, u"ClrStatusTentative").dword, Rgb(120, 180, 220));
-  EXPECT_EQ(ReadValue(registry(), kCurrentUser, fonts, u"FontCalDayTitleslfWeight").dword, 700u);
+  EXPECT_EQ(Stored(colors, u"GeneralFontColor").dword, Rgb(16, 40, 78));
+  EXPECT_EQ(Stored(colors, u"ClrStatusTentative").dword, Rgb(120, 180, 220));
+  EXPECT_EQ(Stored(fonts, u"FontCalDayTitleslfWeight").dword, 700u);
   EXPECT_EQ(data.categories.FindName(u"Travel")->color, Rgb(0, 140, 150));
   EXPECT_EQ(data.categories.FindName(u"Café")->color, kNoCategoryColor);
   EXPECT_EQ(data.categories.FindName(u"Personal")->filterMask, 2u);
 
   ASSERT_EQ(LoadScheme(registry(), files(), data, Folder(), u"Sandbank.scm"), kNoMessage);
-  EXPECT_FALSE(ReadValue(registry(), kCurrentUser, colors, u"ClrStatusTentative").present)
+  EXPECT_FALSE(Stored(colors, u"ClrStatusTentative").present)
       << "a colour the scheme lacks goes back to its default";
-  EXPECT_EQ(ReadValue(registry(), kCurrentUser, fonts, u"FontGnrlSize").dword, 13u);
+  EXPECT_EQ(Stored(fonts, u"FontGnrlSize").dword, 13u);
   EXPECT_EQ(data.categories.FindName(u"Business")->color, Rgb(150, 90, 40));
 }
 

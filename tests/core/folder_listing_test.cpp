@@ -1,4 +1,7 @@
-// One listing of a folder rules files out only where it can be sure.
+// What a folder lists: its entries with the attributes Wine gives them, and
+// one listing that rules files out only where it can be sure.
+#include <map>
+
 #include "platform/folder_listing.h"
 #include "tests/support/test_platform.h"
 
@@ -7,14 +10,25 @@ namespace {
 
 class FolderListingTest : public PlatformTest {
  protected:
-  void Put(std::u16string_view name) {
+  void MakeFile(std::u16string_view name) {
     ASSERT_TRUE(files().WriteAll(Folder() + u"\\" + std::u16string(name), "x", 1)) << Show(name);
   }
 };
 
+TEST_F(FolderListingTest, EntriesCarryTheirAttributes) {
+  MakeFile(u"file.txt");
+  files().MakeDirectory(Folder() + u"\\Plain");
+  files().MakeDirectory(Folder() + u"\\.dotted");
+  std::map<std::u16string, std::uint32_t> found;
+  for (const DirectoryEntry& entry : files().List(Folder(), u"*")) found[entry.name] = entry.attributes;
+  EXPECT_EQ(found[u"file.txt"], kAttributeArchive);
+  EXPECT_EQ(found[u"Plain"], kAttributeDirectory);
+  EXPECT_EQ(found[u".dotted"], kAttributeDirectory | kAttributeHidden);
+}
+
 TEST_F(FolderListingTest, RulesOutAsciiNamesTheFolderLacks) {
-  Put(u"Reminder.TGA");
-  Put(u"birthday.bmp");
+  MakeFile(u"Reminder.TGA");
+  MakeFile(u"birthday.bmp");
   files().MakeDirectory(Folder() + u"\\note.tga");
   FolderListing listing(files(), Folder());
   EXPECT_TRUE(listing.MayHold(u"reminder.tga")) << "names compare without case";

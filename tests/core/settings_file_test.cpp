@@ -30,25 +30,16 @@ class SettingsFileTest : public PlatformTest {
     entry.filterMask = mask;
     entry.color = color;
   }
-  void Put(std::u16string_view name, std::uint32_t value, std::u16string_view below = u"") {
-    WriteDword(registry(), kCurrentUser, std::u16string(kRoot) + std::u16string(below), name, value);
-  }
-  void PutText(std::u16string_view name, std::u16string_view text, std::u16string_view below = u"") {
-    WriteText(registry(), kCurrentUser, std::u16string(kRoot) + std::u16string(below), name, text);
-  }
-  StoredValue Value(std::u16string_view path, std::u16string_view name) {
-    return ReadValue(registry(), kCurrentUser, path, name);
-  }
 
   CategoryData data;
 };
 
 TEST_F(SettingsFileTest, ExportWritesTheTreeThenCategoriesThenFilters) {
-  Put(u"OnClick", 0xFFFFFFFF);
-  PutText(u"FontFaceToUse", u"Say \"hi\" C:\\x");
+  Put(kRoot, u"OnClick", 0xFFFFFFFF);
+  PutText(kRoot, u"FontFaceToUse", u"Say \"hi\" C:\\x");
   WriteRaw(registry(), kCurrentUser, kRoot, u"Blob", kRegBinary, "\1\2", 2);
   WriteRaw(registry(), kCurrentUser, kRoot, u"Multi", kRegMultiSz, u"a\0b\0", 10);
-  Put(u"dNumOfDays", 3, u"\\Calendar");
+  Put(kCalendarKey.path, u"dNumOfDays", 3);
   { ScopedKey empty(registry(), kCurrentUser, std::u16string(kRoot) + u"\\Calendar\\Deep", true); }
   AddCategory(u"Work", 0x80000001, 0x00FF00);
   FilterEntry& filter = data.filters.entries.emplace_back();
@@ -71,10 +62,10 @@ TEST_F(SettingsFileTest, ExportWritesTheTreeThenCategoriesThenFilters) {
 }
 
 TEST_F(SettingsFileTest, AStringPast127CharactersEndsItsKeysValuesButNotItsSubkeys) {
-  PutText(u"A", std::u16string(127, u'a'), u"\\Notes");
-  PutText(u"B", std::u16string(128, u'b'), u"\\Notes");
-  Put(u"C", 1, u"\\Notes");
-  Put(u"D", 2, u"\\Notes\\Sub");
+  PutText(kNotesKey.path, u"A", std::u16string(127, u'a'));
+  PutText(kNotesKey.path, u"B", std::u16string(128, u'b'));
+  Put(kNotesKey.path, u"C", 1);
+  Put(u"Software\\Orvex\\Tidewell\\Notes\\Sub", u"D", 2);
   std::string text = Export();
   EXPECT_NE(text.find("\"A\"=\"" + std::string(127, 'a') + "\""), std::string::npos);
   EXPECT_EQ(text.find("\"B\""), std::string::npos);
@@ -84,12 +75,12 @@ TEST_F(SettingsFileTest, AStringPast127CharactersEndsItsKeysValuesButNotItsSubke
 
 TEST_F(SettingsFileTest, RoundTripRestoresEveryValueAndTheLists) {
   const std::u16string german = u"Grüße Ärger öde", cyrillic = u"Привет мир";
-  PutText(u"dSelectedSkin", german);
-  PutText(u"FontFaceToUse", cyrillic);
-  PutText(u"Empty", u"");
-  Put(u"Lowest", 0x80000000);
-  PutText(u"DLL", u"\\Windows\\plugin.dll", u"\\TabSettings\\Другой");
-  PutText(u"AdditionalIconsFolder", german, u"\\Categories");
+  PutText(kRoot, u"dSelectedSkin", german);
+  PutText(kRoot, u"FontFaceToUse", cyrillic);
+  PutText(kRoot, u"Empty", u"");
+  Put(kRoot, u"Lowest", 0x80000000);
+  PutText(u"Software\\Orvex\\Tidewell\\TabSettings\\Другой", u"DLL", u"\\Windows\\plugin.dll");
+  PutText(kCategoriesKey.path, u"AdditionalIconsFolder", german);
   AddCategory(german, 3, 0x123456);
   AddCategory(cyrillic, 0xFFFFFFFF, kNoCategoryColor);
   MakeDefaultFilters(data.filters);
@@ -107,17 +98,18 @@ TEST_F(SettingsFileTest, RoundTripRestoresEveryValueAndTheLists) {
 }
 
 TEST_F(SettingsFileTest, ImportWritesEveryValueExceptTheSentinelString) {
-  PutText(u"Gone", u"old");
+  PutText(kRoot, u"Gone", u"old");
+  using namespace std::string_literals;
   ASSERT_EQ(Import("\n[Software\\Orvex\\Tidewell]\n\"Gone\"=\"not_the_same\"\n\"Zero\"=dword:0\n"
                    "\"All\"=dword:-1\n\"Same\"=\"\"\n\"Quote\"=\"a\"=\"b\"\n"
-                   "garbage line\n\"Hex\"=dword:ff\n"),
+                   "garbage line\n\0\"Hex\"=dword:ff\n"s),  // a stray zero byte: still UTF-8
             1);
-  EXPECT_FALSE(Value(kRoot, u"Gone").present);
-  EXPECT_EQ(Value(kRoot, u"Zero").type, kRegDword) << "written although it equals the usual default";
-  EXPECT_EQ(Value(kRoot, u"All").dword, 0xFFFFFFFFu);
-  EXPECT_EQ(Value(kRoot, u"Same").type, kRegSz);
-  EXPECT_EQ(Value(kRoot, u"Quote").text, u"a\"=\"b") << "the data is taken by position";
-  EXPECT_EQ(Value(kRoot, u"Hex").dword, 0u) << "decimal only";
+  EXPECT_FALSE(Stored(kRoot, u"Gone").present);
+  EXPECT_EQ(Stored(kRoot, u"Zero").type, kRegDword) << "written although it equals the usual default";
+  EXPECT_EQ(Stored(kRoot, u"All").dword, 0xFFFFFFFFu);
+  EXPECT_EQ(Stored(kRoot, u"Same").type, kRegSz);
+  EXPECT_EQ(Stored(kRoot, u"Quote").text, u"a\"=\"b") << "the data is taken by position";
+  EXPECT_EQ(Stored(kRoot, u"Hex").dword, 0u) << "decimal only";
   EXPECT_EQ(ValueNames(registry(), kCurrentUser, kRoot).size(), 5u);
 }
 
@@ -126,8 +118,8 @@ TEST_F(SettingsFileTest, HeadersNameAnyKeyBelowCurrentUser) {
                    "\n[Software\\TwTest\\Open\n\"C\"=dword:3\n"
                    "\nxSoftware\\TwTest\\Closed]"),
             1);
-  EXPECT_EQ(Value(u"Software\\TwTest\\Outside", u"A").dword, 1u);
-  EXPECT_EQ(Value(u"Software\\TwTest\\Ope", u"C").dword, 3u) << "the last two characters always go";
+  EXPECT_EQ(Stored(u"Software\\TwTest\\Outside", u"A").dword, 1u);
+  EXPECT_EQ(Stored(u"Software\\TwTest\\Ope", u"C").dword, 3u) << "the last two characters always go";
   EXPECT_TRUE(KeyExists(registry(), kCurrentUser, u"Software\\TwTest\\Close"))
       << "a last line without its line end is accepted by its closing bracket";
   EXPECT_EQ(Import("\n[Software\\TwTest\\Outside]\n\nxSoftware\\TwTest\\Closed]\n"), 0)
@@ -152,8 +144,8 @@ TEST_F(SettingsFileTest, FailuresKeepWhatWasWrittenBefore) {
   for (const Case& c : cases) {
     registry().DeleteTree(kCurrentUser, kRoot);
     EXPECT_EQ(Import(c.text), c.result) << c.what;
-    EXPECT_EQ(Value(kRoot, u"A").present, c.text.starts_with("\n")) << c.what;
-    EXPECT_FALSE(Value(kRoot, u"B").present) << c.what;
+    EXPECT_EQ(Stored(kRoot, u"A").present, c.text.starts_with("\n")) << c.what;
+    EXPECT_FALSE(Stored(kRoot, u"B").present) << c.what;
   }
 }
 
@@ -190,8 +182,10 @@ TEST(SettingsTextTest, ReadsEveryEncodingTheSameWay) {
       bytes += bigEndian ? std::string{char(c >> 8), char(c & 0xFF)} : std::string{char(c & 0xFF), char(c >> 8)};
     return bytes;
   };
+  // Zeros that do not run through the file, one or a tail of them, are dropped from UTF-8.
   for (const std::string& bytes : {utf8, "\xEF\xBB\xBF" + utf8, utf16(false, true), utf16(true, true),
-                                   utf16(false, false), utf16(true, false)})
+                                   utf16(false, false), utf16(true, false), utf8.substr(0, 9) + '\0' + utf8.substr(9),
+                                   utf8 + std::string(7, '\0')})
     EXPECT_EQ(DecodeSettingsText(Bytes(bytes)), expected) << bytes.size();
   EXPECT_EQ(DecodeSettingsText(Bytes("\"caf\xE9\"=\"\x80\x81\"\r\n")), u"\"caf\u00e9\"=\"\u20ac\u0081\"\n");
 }

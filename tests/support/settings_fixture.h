@@ -9,13 +9,6 @@
 
 namespace tw::test {
 
-inline constexpr std::u16string_view kMain = u"Software\\Orvex\\Tidewell";
-inline constexpr std::u16string_view kCalendar = u"Software\\Orvex\\Tidewell\\Calendar";
-inline constexpr std::u16string_view kFonts = u"Software\\Orvex\\Tidewell\\Fonts";
-inline constexpr std::u16string_view kTabs = u"Software\\Orvex\\Tidewell\\TabSettings";
-inline constexpr std::u16string_view kNotes = u"Software\\Orvex\\Tidewell\\Notes";
-inline constexpr std::u16string_view kMessages = u"Software\\Orvex\\Tidewell\\Messages";
-
 class SettingsTest : public PlatformTest {
  protected:
   void SetUp() override {
@@ -28,12 +21,6 @@ class SettingsTest : public PlatformTest {
   void Reload() {
     store = std::make_unique<SettingsStore>();
     Load();
-  }
-  StoredValue Stored(std::u16string_view path, std::u16string_view name) {
-    return ReadValue(registry(), kCurrentUser, path, name);
-  }
-  void Put(std::u16string_view path, std::u16string_view name, std::uint32_t value) {
-    WriteDword(registry(), kCurrentUser, path, name, value);
   }
 
   std::unique_ptr<SettingsStore> store;

@@ -15,36 +15,6 @@
 
 namespace tw::test {
 
-class PlatformTest : public ::testing::Test {
- protected:
-  void SetUp() override;
-  void TearDown() override;
-
-  Registry& registry();
-  Locale& locale();
-  FileSystem& files();
-  // Natively in memory; under Wine the text file named like the database.
-  ObjectStore& database();
-  void WriteDatabase(std::u16string_view name, const std::vector<DatabaseRecord>& records);
-  Bitmaps& bitmaps();
-  // A device folder that exists and is empty at the start of each test.
-  std::u16string Folder() const { return u"\\twtest"; }
-
-  void Use24HourClock(bool on);
-  void SetFirstDayOfWeek(int day);  // 0 = Monday .. 6 = Sunday
-};
-
-// Removes a folder (a host path natively, a device path under Wine) and
-// everything below it, never following a link out of it; a folder that is
-// itself a link is left alone. False when anything could not be removed.
-bool RemoveTestFolder(const std::u16string& folder);
-
-#ifdef _WIN32
-// The Unix home folder as Wine shows it ("Z:\\home\\..."), from the
-// WINEHOMEDIR Wine sets (HOME itself is not passed on); empty without one.
-std::wstring HostHomeFolder();
-#endif
-
 // Registry reads and writes for checks, with the type reported.
 struct StoredValue {
   bool present = false;
@@ -65,6 +35,47 @@ void WriteRaw(Registry& registry, RegKey root, std::u16string_view path, std::u1
 std::vector<std::u16string> ValueNames(Registry& registry, RegKey root, std::u16string_view path);
 std::vector<std::u16string> SubkeyNames(Registry& registry, RegKey root, std::u16string_view path);
 bool KeyExists(Registry& registry, RegKey root, std::u16string_view path);
+
+class PlatformTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  Registry& registry();
+  Locale& locale();
+  FileSystem& files();
+  // Natively in memory; under Wine the text file named like the database.
+  ObjectStore& database();
+  void WriteDatabase(std::u16string_view name, const std::vector<DatabaseRecord>& records);
+  Bitmaps& bitmaps();
+  // A device folder that exists and is empty at the start of each test.
+  std::u16string Folder() const { return u"\\twtest"; }
+
+  // Values below HKEY_CURRENT_USER.
+  void Put(std::u16string_view path, std::u16string_view name, std::uint32_t value) {
+    WriteDword(registry(), kCurrentUser, path, name, value);
+  }
+  void PutText(std::u16string_view path, std::u16string_view name, std::u16string_view text) {
+    WriteText(registry(), kCurrentUser, path, name, text);
+  }
+  StoredValue Stored(std::u16string_view path, std::u16string_view name) {
+    return ReadValue(registry(), kCurrentUser, path, name);
+  }
+
+  void Use24HourClock(bool on);
+  void SetFirstDayOfWeek(int day);  // 0 = Monday .. 6 = Sunday
+};
+
+// Removes a folder (a host path natively, a device path under Wine) and
+// everything below it, never following a link out of it; a folder that is
+// itself a link is left alone. False when anything could not be removed.
+bool RemoveTestFolder(const std::u16string& folder);
+
+#ifdef _WIN32
+// The Unix home folder as Wine shows it ("Z:\\home\\..."), from the
+// WINEHOMEDIR Wine sets (HOME itself is not passed on); empty without one.
+std::wstring HostHomeFolder();
+#endif
 
 // Printable form of UTF-16 text for failure messages.
 std::string Show(std::u16string_view text);
