@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -72,6 +73,10 @@ struct ScrollerState {
   HDC pictureDc = nullptr;
   OffscreenSurface surface{};
   int surfaceWidth = 0, surfaceHeight = 0;
+  // The content under the bar, and the position the surface's content is
+  // drawn from (-1: nothing worth keeping), for scroll steps to build on.
+  OffscreenSurface underBar{};
+  int cachedPosition = -1;
 };
 
 int Largest(const ScrollerState& state) { return state.content - state.height; }
@@ -156,6 +161,17 @@ ScrollerState* MakeScroller(HWND, const CREATESTRUCTW& create) {
 
 // ---- Painting
 
+int BarAreaWidth(const ScrollerState& state) {
+  return std::max({ScaleX(kBarWidth + 1), state.upMasked.width, state.downMasked.width, state.up.planes.width,
+                   state.down.planes.width});
+}
+
+// Everything the bar may cover, arrows included.
+RECT BarArea(const ScrollerState& state) {
+  int left = std::max(Column(state).imageX, 0);
+  return {left, 0, std::min(left + BarAreaWidth(state), state.width), state.height};
+}
+
 // The off-screen context always matches the client area, whichever of
 // WM_MOVE and WM_SIZE tells of a change first.
 void FitSurface(HWND window, ScrollerState& state) {
@@ -163,10 +179,13 @@ void FitSurface(HWND window, ScrollerState& state) {
   GetClientRect(window, &client);
   if (state.surface.dc() && client.right == state.surfaceWidth && client.bottom == state.surfaceHeight) return;
   HDC dc = GetDC(window);
-  state.surface.Create(dc, std::max<int>(client.right, 1), std::max<int>(client.bottom, 1));
+  int height = std::max<int>(client.bottom, 1);
+  state.surface.Create(dc, std::max<int>(client.right, 1), height);
+  state.underBar.Create(dc, BarAreaWidth(state), height);
   ReleaseDC(window, dc);
   state.surfaceWidth = client.right;
   state.surfaceHeight = client.bottom;
+  state.cachedPosition = -1;
 }
 
 void AskForContent(ScrollerState& state) {
@@ -256,25 +275,67 @@ void DrawBar(HDC dc, ScrollerState& state) {
   DrawThumbPart(dc, state, state.bottom, state.thumbTop + state.thumbLength - cap, cap);
 }
 
-void PaintInto(HDC dc, ScrollerState& state) {
-  if (!state.surface.dc()) return;
-  DrawContent(state);
+// The bar is drawn over a copy of what lies under it, so that a scroll
+// step can put the content back before moving it.
+void CopyUnderBar(ScrollerState& state, bool restore) {
+  RECT area = BarArea(state);
+  HDC surface = state.surface.dc(), saved = state.underBar.dc();
+  if (restore)
+    BitBlt(surface, area.left, 0, area.right - area.left, area.bottom, saved, 0, 0, SRCCOPY);
+  else
+    BitBlt(saved, 0, 0, area.right - area.left, area.bottom, surface, area.left, 0, SRCCOPY);
+}
+
+void ShowSurface(HDC dc, ScrollerState& state) {
+  state.cachedPosition = state.position;
+  CopyUnderBar(state, false);
   DrawBar(state.surface.dc(), state);
   BitBlt(dc, 0, 0, state.width, state.height, state.surface.dc(), 0, 0, SRCCOPY);
+}
+
+bool CanShift(const ScrollerState& state) {
+  int delta = state.position - state.cachedPosition;
+  return state.cachedPosition >= 0 && delta != 0 && std::abs(delta) < state.height &&
+         state.position <= Largest(state);
+}
+
+// Rows still in view move with one blit within the surface, and the parent
+// is asked for the band that came into view only; content of another height
+// is asked for in full.
+void ShiftContent(ScrollerState& state) {
+  HDC surface = state.surface.dc();
+  int delta = state.position - state.cachedPosition;
+  int kept = state.height - std::abs(delta);
+  CopyUnderBar(state, true);
+  BitBlt(surface, 0, std::max(-delta, 0), state.width, kept, surface, 0, std::max(delta, 0), SRCCOPY);
+  int bandTop = delta > 0 ? kept : 0;
+  IntersectClipRect(surface, 0, bandTop, state.width, bandTop + std::abs(delta));
+  int content = state.content;
+  AskForContent(state);
+  SelectClipRgn(surface, nullptr);
+  if (state.content != content) DrawContent(state);
 }
 
 void OnPaint(HWND window, ScrollerState& state) {
   PAINTSTRUCT paint;
   HDC dc = BeginPaint(window, &paint);
-  PaintInto(dc, state);
+  if (state.surface.dc()) {
+    DrawContent(state);
+    ShowSurface(dc, state);
+  }
   EndPaint(window, &paint);
 }
 
 // A scroll step paints at once through the window's own context: under
 // Wine an invalidate-and-paint round costs some twenty blits of the client.
 void Repaint(HWND window, ScrollerState& state) {
+  if (!state.surface.dc()) return;
+  if (CanShift(state))
+    ShiftContent(state);
+  else
+    DrawContent(state);
   HDC dc = GetDC(window);
-  PaintInto(dc, state);
+  ShowSurface(dc, state);
   ReleaseDC(window, dc);
 }
 

@@ -24,11 +24,15 @@ constexpr int kStep = 10;  // one tick of an arrow's repeat
 HWND gScroller = nullptr;
 HBRUSH gRowBrushes[2];
 
-// Only the visible rows: the parent knows its rows' height.
+// Only the rows within the clip box, as a list parent draws them: the
+// parent knows its rows' height.
 LRESULT DrawRows(HDC dc) {
   int position = tw::ScrollerPosition(gScroller);
+  RECT clip;
+  if (GetClipBox(dc, &clip) == ERROR) clip = {0, 0, kWidth, kHeight};
   SetBkMode(dc, TRANSPARENT);
-  for (int y = -(position % kRowHeight); y < kHeight; y += kRowHeight) {
+  int first = (position + clip.top) / kRowHeight * kRowHeight - position;
+  for (int y = first; y < clip.bottom; y += kRowHeight) {
     int row = (position + y) / kRowHeight;
     RECT area = {0, y, kWidth, y + kRowHeight};
     FillRect(dc, &area, gRowBrushes[row % 2]);
