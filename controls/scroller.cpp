@@ -35,16 +35,28 @@ constexpr unsigned kLargestPlausibleY = 20000;
 
 // A picture whose transparent colour is turned into a mask once, so that a
 // paint draws it with two plain blits: Wine takes about a millisecond for
-// each transparent blit, five times a paint.
+// each transparent blit, five times a paint. Both stay selected into
+// contexts of their own, since Wine takes longer to select a bitmap than to
+// draw the whole bar.
 struct MaskedPicture {
   HBITMAP image = nullptr;  // the transparent pixels made black
   HBITMAP mask = nullptr;   // monochrome, 1 where transparent
+  HDC imageDc = nullptr, maskDc = nullptr;
+  HGDIOBJ oldImage = nullptr, oldMask = nullptr;
   int width = 0, height = 0;
 
   MaskedPicture() = default;
   MaskedPicture(const MaskedPicture&) = delete;
   MaskedPicture& operator=(const MaskedPicture&) = delete;
   ~MaskedPicture() {
+    if (imageDc) {
+      SelectObject(imageDc, oldImage);
+      DeleteDC(imageDc);
+    }
+    if (maskDc) {
+      SelectObject(maskDc, oldMask);
+      DeleteDC(maskDc);
+    }
     if (image) DeleteObject(image);
     if (mask) DeleteObject(mask);
   }
@@ -70,7 +82,6 @@ struct ScrollerState {
   // Arrows from a skin's Targa files keep their planes; bitmaps are masked.
   SkinImage up{}, down{};
   MaskedPicture upMasked{}, downMasked{}, top{}, middle{}, bottom{};
-  HDC pictureDc = nullptr;
   OffscreenSurface surface{};
   int surfaceWidth = 0, surfaceHeight = 0;
   // The content under the bar, and the position the surface's content is
@@ -110,18 +121,15 @@ void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
   picture.width = info.bmWidth;
   picture.height = info.bmHeight;
   picture.mask = CreateBitmap(info.bmWidth, info.bmHeight, 1, 1, nullptr);
-  HDC imageDc = CreateCompatibleDC(nullptr), maskDc = CreateCompatibleDC(nullptr);
-  HGDIOBJ oldImage = SelectObject(imageDc, picture.image), oldMask = SelectObject(maskDc, picture.mask);
+  HDC imageDc = picture.imageDc = CreateCompatibleDC(nullptr), maskDc = picture.maskDc = CreateCompatibleDC(nullptr);
+  picture.oldImage = SelectObject(imageDc, picture.image);
+  picture.oldMask = SelectObject(maskDc, picture.mask);
   // Pixels of the background colour become 1 in a monochrome copy.
   SetBkColor(imageDc, transparent);
   BitBlt(maskDc, 0, 0, picture.width, picture.height, imageDc, 0, 0, SRCCOPY);
   SetBkColor(imageDc, RGB(0, 0, 0));
   SetTextColor(imageDc, RGB(255, 255, 255));
   BitBlt(imageDc, 0, 0, picture.width, picture.height, maskDc, 0, 0, SRCAND);
-  SelectObject(imageDc, oldImage);
-  SelectObject(maskDc, oldMask);
-  DeleteDC(imageDc);
-  DeleteDC(maskDc);
 }
 
 HBITMAP LoadThumbPart(std::u16string_view folder, std::u16string_view name, HMODULE pictures, int resource) {
@@ -208,26 +216,23 @@ void FillSolid(HDC dc, const RECT& area, COLORREF colour) {
   ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
 }
 
-void DrawMasked(HDC dc, HDC memory, const MaskedPicture& picture, int x, int y, int width, int height) {
+void DrawMasked(HDC dc, const MaskedPicture& picture, int x, int y, int width, int height) {
   if (picture.image == nullptr || width <= 0 || height <= 0) return;
   COLORREF oldBack = SetBkColor(dc, RGB(255, 255, 255)), oldText = SetTextColor(dc, RGB(0, 0, 0));
-  HGDIOBJ old = SelectObject(memory, picture.mask);
-  StretchBlt(dc, x, y, width, height, memory, 0, 0, picture.width, picture.height, SRCAND);
-  SelectObject(memory, picture.image);
-  StretchBlt(dc, x, y, width, height, memory, 0, 0, picture.width, picture.height, SRCPAINT);
-  SelectObject(memory, old);
+  StretchBlt(dc, x, y, width, height, picture.maskDc, 0, 0, picture.width, picture.height, SRCAND);
+  StretchBlt(dc, x, y, width, height, picture.imageDc, 0, 0, picture.width, picture.height, SRCPAINT);
   SetBkColor(dc, oldBack);
   SetTextColor(dc, oldText);
 }
 
 void DrawThumbPart(HDC dc, const ScrollerState& state, const MaskedPicture& part, int y, int height) {
-  DrawMasked(dc, state.pictureDc, part, Column(state).imageX, y, ScaleX(kBarWidth), height);
+  DrawMasked(dc, part, Column(state).imageX, y, ScaleX(kBarWidth), height);
 }
 
 void DrawArrow(HDC dc, const ScrollerState& state, const SkinImage& image, const MaskedPicture& masked, int y) {
   int x = Column(state).imageX;
   if (masked.image)
-    DrawMasked(dc, state.pictureDc, masked, x, y, masked.width, masked.height);
+    DrawMasked(dc, masked, x, y, masked.width, masked.height);
   else
     DrawSkinImage(image, dc, x, y);
 }
@@ -538,13 +543,10 @@ void OnCreate(HWND window, ScrollerState& state) {
   state.width = client.right;
   state.height = client.bottom;
   FitSurface(window, state);
-  state.pictureDc = CreateCompatibleDC(state.surface.dc());
 }
 
-void OnDestroy(HWND window, ScrollerState& state) {
+void OnDestroy(HWND window) {
   for (UINT_PTR timer : {kRepeatDownTimer, kRepeatUpTimer, kUpJumpTimer, kDownJumpTimer}) KillTimer(window, timer);
-  if (state.pictureDc) DeleteDC(state.pictureDc);
-  state.pictureDc = nullptr;
 }
 
 LRESULT AddHitBand(ScrollerState& state, const ScrollerHitBand* band) {
@@ -585,7 +587,7 @@ LRESULT ScrollerProc(HWND window, ScrollerState& state, UINT message, WPARAM wPa
       FitSurface(window, state);
       return 0;
     case WM_DESTROY:
-      OnDestroy(window, state);
+      OnDestroy(window);
       return 0;
     case kScrollerAddHitBand:
       return AddHitBand(state, reinterpret_cast<const ScrollerHitBand*>(lParam));
