@@ -121,7 +121,8 @@ void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
   picture.width = info.bmWidth;
   picture.height = info.bmHeight;
   picture.mask = CreateBitmap(info.bmWidth, info.bmHeight, 1, 1, nullptr);
-  HDC imageDc = picture.imageDc = CreateCompatibleDC(nullptr), maskDc = picture.maskDc = CreateCompatibleDC(nullptr);
+  HDC imageDc = picture.imageDc = CreateCompatibleDC(nullptr);
+  HDC maskDc = picture.maskDc = CreateCompatibleDC(nullptr);
   picture.oldImage = SelectObject(imageDc, picture.image);
   picture.oldMask = SelectObject(maskDc, picture.mask);
   // Pixels of the background colour become 1 in a monochrome copy.

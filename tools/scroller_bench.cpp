@@ -1,8 +1,9 @@
 // How much a scroller's paint costs over the least any paint of its window
 // costs: a plain BitBlt of the client area from memory, timed in the same
 // run. The content is 10,000 rows of 20 pixels, each filled and numbered by
-// the parent; the parent's drawing plus the blit is timed too, as the floor
-// of any paint of this content. Prints each round's times and ratios, then
+// the parent, which draws only the rows meeting the clip box; the parent's
+// drawing of a whole client area plus the blit is timed too, as the floor of
+// any full paint of this content. Prints each round's times and ratios, then
 // the median and the spread of the ratios. Goal: a scroll step at most 2x the blit.
 //   wine64 scroller_bench.exe [rounds, default 7] [paints per round, default 400]
 #include <windows.h>
