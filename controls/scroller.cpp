@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,16 +35,28 @@ constexpr unsigned kLargestPlausibleY = 20000;
 
 // A picture whose transparent colour is turned into a mask once, so that a
 // paint draws it with two plain blits: Wine takes about a millisecond for
-// each transparent blit, five times a paint.
+// each transparent blit, five times a paint. Both stay selected into
+// contexts of their own, since Wine takes longer to select a bitmap than to
+// draw the whole bar.
 struct MaskedPicture {
   HBITMAP image = nullptr;  // the transparent pixels made black
   HBITMAP mask = nullptr;   // monochrome, 1 where transparent
+  HDC imageDc = nullptr, maskDc = nullptr;
+  HGDIOBJ oldImage = nullptr, oldMask = nullptr;
   int width = 0, height = 0;
 
   MaskedPicture() = default;
   MaskedPicture(const MaskedPicture&) = delete;
   MaskedPicture& operator=(const MaskedPicture&) = delete;
   ~MaskedPicture() {
+    if (imageDc) {
+      SelectObject(imageDc, oldImage);
+      DeleteDC(imageDc);
+    }
+    if (maskDc) {
+      SelectObject(maskDc, oldMask);
+      DeleteDC(maskDc);
+    }
     if (image) DeleteObject(image);
     if (mask) DeleteObject(mask);
   }
@@ -69,9 +82,12 @@ struct ScrollerState {
   // Arrows from a skin's Targa files keep their planes; bitmaps are masked.
   SkinImage up{}, down{};
   MaskedPicture upMasked{}, downMasked{}, top{}, middle{}, bottom{};
-  HDC pictureDc = nullptr;
   OffscreenSurface surface{};
   int surfaceWidth = 0, surfaceHeight = 0;
+  // The content under the bar, and the position the surface's content is
+  // drawn from (-1: nothing worth keeping), for scroll steps to build on.
+  OffscreenSurface underBar{};
+  int cachedPosition = -1;
 };
 
 int Largest(const ScrollerState& state) { return state.content - state.height; }
@@ -105,18 +121,16 @@ void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
   picture.width = info.bmWidth;
   picture.height = info.bmHeight;
   picture.mask = CreateBitmap(info.bmWidth, info.bmHeight, 1, 1, nullptr);
-  HDC imageDc = CreateCompatibleDC(nullptr), maskDc = CreateCompatibleDC(nullptr);
-  HGDIOBJ oldImage = SelectObject(imageDc, picture.image), oldMask = SelectObject(maskDc, picture.mask);
+  HDC imageDc = picture.imageDc = CreateCompatibleDC(nullptr);
+  HDC maskDc = picture.maskDc = CreateCompatibleDC(nullptr);
+  picture.oldImage = SelectObject(imageDc, picture.image);
+  picture.oldMask = SelectObject(maskDc, picture.mask);
   // Pixels of the background colour become 1 in a monochrome copy.
   SetBkColor(imageDc, transparent);
   BitBlt(maskDc, 0, 0, picture.width, picture.height, imageDc, 0, 0, SRCCOPY);
   SetBkColor(imageDc, RGB(0, 0, 0));
   SetTextColor(imageDc, RGB(255, 255, 255));
   BitBlt(imageDc, 0, 0, picture.width, picture.height, maskDc, 0, 0, SRCAND);
-  SelectObject(imageDc, oldImage);
-  SelectObject(maskDc, oldMask);
-  DeleteDC(imageDc);
-  DeleteDC(maskDc);
 }
 
 HBITMAP LoadThumbPart(std::u16string_view folder, std::u16string_view name, HMODULE pictures, int resource) {
@@ -156,6 +170,17 @@ ScrollerState* MakeScroller(HWND, const CREATESTRUCTW& create) {
 
 // ---- Painting
 
+int BarAreaWidth(const ScrollerState& state) {
+  return std::max({ScaleX(kBarWidth + 1), state.upMasked.width, state.downMasked.width, state.up.planes.width,
+                   state.down.planes.width});
+}
+
+// Everything the bar may cover, arrows included.
+RECT BarArea(const ScrollerState& state) {
+  int left = std::max(Column(state).imageX, 0);
+  return {left, 0, std::min(left + BarAreaWidth(state), state.width), state.height};
+}
+
 // The off-screen context always matches the client area, whichever of
 // WM_MOVE and WM_SIZE tells of a change first.
 void FitSurface(HWND window, ScrollerState& state) {
@@ -163,10 +188,13 @@ void FitSurface(HWND window, ScrollerState& state) {
   GetClientRect(window, &client);
   if (state.surface.dc() && client.right == state.surfaceWidth && client.bottom == state.surfaceHeight) return;
   HDC dc = GetDC(window);
-  state.surface.Create(dc, std::max<int>(client.right, 1), std::max<int>(client.bottom, 1));
+  int height = std::max<int>(client.bottom, 1);
+  state.surface.Create(dc, std::max<int>(client.right, 1), height);
+  state.underBar.Create(dc, BarAreaWidth(state), height);
   ReleaseDC(window, dc);
   state.surfaceWidth = client.right;
   state.surfaceHeight = client.bottom;
+  state.cachedPosition = -1;
 }
 
 void AskForContent(ScrollerState& state) {
@@ -189,26 +217,23 @@ void FillSolid(HDC dc, const RECT& area, COLORREF colour) {
   ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
 }
 
-void DrawMasked(HDC dc, HDC memory, const MaskedPicture& picture, int x, int y, int width, int height) {
+void DrawMasked(HDC dc, const MaskedPicture& picture, int x, int y, int width, int height) {
   if (picture.image == nullptr || width <= 0 || height <= 0) return;
   COLORREF oldBack = SetBkColor(dc, RGB(255, 255, 255)), oldText = SetTextColor(dc, RGB(0, 0, 0));
-  HGDIOBJ old = SelectObject(memory, picture.mask);
-  StretchBlt(dc, x, y, width, height, memory, 0, 0, picture.width, picture.height, SRCAND);
-  SelectObject(memory, picture.image);
-  StretchBlt(dc, x, y, width, height, memory, 0, 0, picture.width, picture.height, SRCPAINT);
-  SelectObject(memory, old);
+  StretchBlt(dc, x, y, width, height, picture.maskDc, 0, 0, picture.width, picture.height, SRCAND);
+  StretchBlt(dc, x, y, width, height, picture.imageDc, 0, 0, picture.width, picture.height, SRCPAINT);
   SetBkColor(dc, oldBack);
   SetTextColor(dc, oldText);
 }
 
 void DrawThumbPart(HDC dc, const ScrollerState& state, const MaskedPicture& part, int y, int height) {
-  DrawMasked(dc, state.pictureDc, part, Column(state).imageX, y, ScaleX(kBarWidth), height);
+  DrawMasked(dc, part, Column(state).imageX, y, ScaleX(kBarWidth), height);
 }
 
 void DrawArrow(HDC dc, const ScrollerState& state, const SkinImage& image, const MaskedPicture& masked, int y) {
   int x = Column(state).imageX;
   if (masked.image)
-    DrawMasked(dc, state.pictureDc, masked, x, y, masked.width, masked.height);
+    DrawMasked(dc, masked, x, y, masked.width, masked.height);
   else
     DrawSkinImage(image, dc, x, y);
 }
@@ -256,25 +281,67 @@ void DrawBar(HDC dc, ScrollerState& state) {
   DrawThumbPart(dc, state, state.bottom, state.thumbTop + state.thumbLength - cap, cap);
 }
 
-void PaintInto(HDC dc, ScrollerState& state) {
-  if (!state.surface.dc()) return;
-  DrawContent(state);
+// The bar is drawn over a copy of what lies under it, so that a scroll
+// step can put the content back before moving it.
+void CopyUnderBar(ScrollerState& state, bool restore) {
+  RECT area = BarArea(state);
+  HDC surface = state.surface.dc(), saved = state.underBar.dc();
+  if (restore)
+    BitBlt(surface, area.left, 0, area.right - area.left, area.bottom, saved, 0, 0, SRCCOPY);
+  else
+    BitBlt(saved, 0, 0, area.right - area.left, area.bottom, surface, area.left, 0, SRCCOPY);
+}
+
+void ShowSurface(HDC dc, ScrollerState& state) {
+  state.cachedPosition = state.position;
+  CopyUnderBar(state, false);
   DrawBar(state.surface.dc(), state);
   BitBlt(dc, 0, 0, state.width, state.height, state.surface.dc(), 0, 0, SRCCOPY);
+}
+
+bool CanShift(const ScrollerState& state) {
+  int delta = state.position - state.cachedPosition;
+  return state.cachedPosition >= 0 && delta != 0 && std::abs(delta) < state.height &&
+         state.position <= Largest(state);
+}
+
+// Rows still in view move with one blit within the surface, and the parent
+// is asked for the band that came into view only; content of another height
+// is asked for in full.
+void ShiftContent(ScrollerState& state) {
+  HDC surface = state.surface.dc();
+  int delta = state.position - state.cachedPosition;
+  int kept = state.height - std::abs(delta);
+  CopyUnderBar(state, true);
+  BitBlt(surface, 0, std::max(-delta, 0), state.width, kept, surface, 0, std::max(delta, 0), SRCCOPY);
+  int bandTop = delta > 0 ? kept : 0;
+  IntersectClipRect(surface, 0, bandTop, state.width, bandTop + std::abs(delta));
+  int content = state.content;
+  AskForContent(state);
+  SelectClipRgn(surface, nullptr);
+  if (state.content != content) DrawContent(state);
 }
 
 void OnPaint(HWND window, ScrollerState& state) {
   PAINTSTRUCT paint;
   HDC dc = BeginPaint(window, &paint);
-  PaintInto(dc, state);
+  if (state.surface.dc()) {
+    DrawContent(state);
+    ShowSurface(dc, state);
+  }
   EndPaint(window, &paint);
 }
 
 // A scroll step paints at once through the window's own context: under
 // Wine an invalidate-and-paint round costs some twenty blits of the client.
 void Repaint(HWND window, ScrollerState& state) {
+  if (!state.surface.dc()) return;
+  if (CanShift(state))
+    ShiftContent(state);
+  else
+    DrawContent(state);
   HDC dc = GetDC(window);
-  PaintInto(dc, state);
+  ShowSurface(dc, state);
   ReleaseDC(window, dc);
 }
 
@@ -477,13 +544,10 @@ void OnCreate(HWND window, ScrollerState& state) {
   state.width = client.right;
   state.height = client.bottom;
   FitSurface(window, state);
-  state.pictureDc = CreateCompatibleDC(state.surface.dc());
 }
 
-void OnDestroy(HWND window, ScrollerState& state) {
+void OnDestroy(HWND window) {
   for (UINT_PTR timer : {kRepeatDownTimer, kRepeatUpTimer, kUpJumpTimer, kDownJumpTimer}) KillTimer(window, timer);
-  if (state.pictureDc) DeleteDC(state.pictureDc);
-  state.pictureDc = nullptr;
 }
 
 LRESULT AddHitBand(ScrollerState& state, const ScrollerHitBand* band) {
@@ -524,7 +588,7 @@ LRESULT ScrollerProc(HWND window, ScrollerState& state, UINT message, WPARAM wPa
       FitSurface(window, state);
       return 0;
     case WM_DESTROY:
-      OnDestroy(window, state);
+      OnDestroy(window);
       return 0;
     case kScrollerAddHitBand:
       return AddHitBand(state, reinterpret_cast<const ScrollerHitBand*>(lParam));

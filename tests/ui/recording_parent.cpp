@@ -52,6 +52,9 @@ LRESULT CALLBACK RecordingParent::Procedure(HWND window, UINT message, WPARAM wP
 LRESULT RecordingParent::DrawRows(HDC dc, LPARAM where) {
   int position = LOWORD(where);
   drawnFrom.push_back(position);
+  RECT clip;
+  GetClipBox(dc, &clip);
+  drawnClips.push_back(clip);
   RECT client;
   GetClientRect(window_, &client);
   SetBkMode(dc, TRANSPARENT);

@@ -33,9 +33,11 @@ class RecordingParent {
   HWND window() const { return window_; }
 
   // WM_COMMAND, the scroller's press and the moves and releases it passes
-  // on, in order. Draw requests are kept apart, by the position asked for.
+  // on, in order. Draw requests are kept apart, by the position asked for
+  // and the clip box of the context (the parent draws all rows regardless).
   std::vector<Logged> log;
   std::vector<int> drawnFrom;
+  std::vector<RECT> drawnClips;
   // The content height a draw request is answered with; rows are 20 high.
   int contentHeight = 0;
 

@@ -6,6 +6,9 @@
 #include <windowsx.h>
 
 #include <cstdio>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "base/scaling.h"
 #include "controls/scroller.h"
@@ -105,6 +108,56 @@ TEST_F(ScrollerTest, ContentThatShrinksPullsTheViewBack) {
   InvalidateRect(scroller_, nullptr, FALSE);
   UpdateWindow(scroller_);
   EXPECT_EQ(parent_.drawnFrom, (std::vector<int>{100, 0})) << "never above the top";
+}
+
+std::string Box(const RECT& box) {
+  char text[48];
+  std::snprintf(text, sizeof text, "(%ld, %ld)-(%ld, %ld)", box.left, box.top, box.right, box.bottom);
+  return text;
+}
+std::vector<std::string> Boxes(const std::vector<RECT>& clips) {
+  std::vector<std::string> boxes;
+  for (const RECT& clip : clips) boxes.push_back(Box(clip));
+  return boxes;
+}
+// Full-width bands from top to bottom (not included).
+std::vector<std::string> Bands(std::initializer_list<std::pair<int, int>> topsAndBottoms) {
+  std::vector<std::string> bands;
+  for (auto [top, bottom] : topsAndBottoms) bands.push_back(Box({0, top, kWidth, bottom}));
+  return bands;
+}
+
+// Rows still in view move along; the parent draws only the band that comes
+// in, yet the window shows what a full paint at the new place shows.
+TEST_F(ScrollerTest, AScrollStepMovesTheRowsInViewAndAsksOnlyForTheNewBand) {
+  for (bool barOnLeft : {false, true}) {
+    ScrollerOptions options;
+    options.barOnLeft = barOnLeft;
+    Make(1000, options);
+    int barX = barOnLeft ? 7 : kBarX;
+    ScrollTo(300);
+    parent_.drawnClips.clear();
+    ScrollTo(310);
+    ScrollTo(293);
+    Tap(barX, kDownArrowY);  // coasts on by 8, 6 and 3
+    EXPECT_EQ(Boxes(parent_.drawnClips), Bands({{190, 200}, {0, 17}, {192, 200}, {194, 200}, {197, 200}}));
+    EXPECT_EQ(Position(), 310);
+    parent_.Settle();
+    tools::Capture stepped = parent_.Shot(scroller_);
+
+    parent_.drawnClips.clear();
+    InvalidateRect(scroller_, nullptr, FALSE);
+    parent_.Settle();
+    EXPECT_EQ(Boxes(parent_.drawnClips), Bands({{0, kHeight}})) << "a paint asks for everything";
+    tools::Capture full = parent_.Shot(scroller_);
+    EXPECT_TRUE(stepped.rows == full.rows) << (barOnLeft ? "bar on the left" : "bar on the right");
+
+    parent_.drawnClips.clear();
+    Tap(barX, 150);  // the press shows the pressed track, the release a page further on
+    EXPECT_EQ(Boxes(parent_.drawnClips), Bands({{0, kHeight}, {0, kHeight}}));
+    DestroyWindow(scroller_);
+  }
+  scroller_ = nullptr;
 }
 
 TEST_F(ScrollerTest, TwoQuickArrowPressesJumpToThatEnd) {
