@@ -11,6 +11,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -56,5 +57,12 @@ bool IsChecked(HWND box);
 // Any window text: captions, statics, edits.
 void SetText(HWND window, std::u16string_view text);
 std::u16string GetText(HWND window);
+
+// Tahoma 12 high (96-dpi units), the face the colour and font pages paint
+// their labels in; the caller deletes it.
+HFONT CreateLabelFont();
+// A colour sample: a black frame one pixel wide around the colour, or
+// around white carrying `noColourText` when the setting holds no colour.
+void PaintSwatch(HDC dc, RECT frame, std::uint32_t colour, std::u16string_view noColourText);
 
 }  // namespace tw
