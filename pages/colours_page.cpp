@@ -101,8 +101,7 @@ void ColoursPage::Show(int showCommand, bool includeTabStrip) {
     if (ofColoursTab == colours) ShowWindow(controls_[control], showCommand);
   }
   if (includeTabStrip) ShowWindow(controls_[kTabs], showCommand);
-  InvalidateRect(context().window, nullptr, FALSE);
-  UpdateWindow(context().window);
+  RepaintArea(context().window, nullptr);
 }
 
 LRESULT ColoursPage::OnNotify(HWND, UINT, WPARAM, LPARAM lParam) {
@@ -124,8 +123,7 @@ void ColoursPage::OnColourRowChanged(const NMLISTVIEW& change) {
   RECT client;
   GetClientRect(context().window, &client);
   RECT band = {0, ScaleY(kBandTop), client.right, ScaleY(kBandBottom)};
-  InvalidateRect(context().window, &band, TRUE);
-  UpdateWindow(context().window);
+  RepaintArea(context().window, &band);
 }
 
 bool ColoursPage::OnCommand(HWND, UINT, WPARAM wParam, LPARAM lParam) {
@@ -146,7 +144,7 @@ void ColoursPage::ChangeColour() {
                                     static_cast<std::uint32_t>(field), true);
   if (chosen == kColourCancelled) return;
   field = static_cast<std::int32_t>(chosen);
-  InvalidateRect(context().window, nullptr, TRUE);
+  RepaintArea(context().window, nullptr);
 }
 
 int ColoursPage::Tell(MessagePair message, UINT buttons) {
@@ -195,6 +193,7 @@ void ColoursPage::ApplyScheme() {
 void ColoursPage::Paint(HDC dc) {
   if (TabSelection(controls_[kTabs]) == kColoursTab) PaintColour(dc);
   else PaintSchemesNote(dc);
+  RepaintShown(Controls());
 }
 
 void ColoursPage::PaintColour(HDC dc) {

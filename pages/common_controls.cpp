@@ -131,6 +131,15 @@ std::u16string GetText(HWND window) {
   return ToU16(text.data());
 }
 
+void RepaintArea(HWND window, const RECT* area) {
+  RedrawWindow(window, area, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void RepaintShown(const std::vector<HWND>& controls) {
+  for (HWND control : controls)
+    if (IsWindowVisible(control)) RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+}
+
 HFONT CreateLabelFont() {
   LOGFONTW font = {};
   font.lfHeight = ScaleY(12);

@@ -137,8 +137,7 @@ void FontsPage::Show(int showCommand, bool includeTabStrip) {
   RECT client;
   GetClientRect(context().window, &client);
   client.top = ScaleY(kBandTop);
-  InvalidateRect(context().window, &client, TRUE);
-  UpdateWindow(context().window);
+  RepaintArea(context().window, &client);
 }
 
 LRESULT FontsPage::OnNotify(HWND, UINT, WPARAM, LPARAM lParam) {
@@ -164,8 +163,7 @@ void FontsPage::InvalidatePreview() {
   RECT client;
   GetClientRect(context().window, &client);
   RECT band = {0, ScaleY(kBandTop), client.right, ScaleY(kBandBottom)};
-  InvalidateRect(context().window, &band, TRUE);
-  UpdateWindow(context().window);
+  RepaintArea(context().window, &band);
 }
 
 // The menu's apply-size command arrives from wherever the focus is.
@@ -206,7 +204,11 @@ void FontsPage::ApplyGeneralSize() {
 }
 
 void FontsPage::Paint(HDC dc) {
-  if (TabSelection(controls_[kTabs]) != kFontsTab) return;
+  RepaintShown(Controls());
+  if (TabSelection(controls_[kTabs]) == kFontsTab) PaintPreview(dc);
+}
+
+void FontsPage::PaintPreview(HDC dc) {
   const FontRow& row = kFontRows[selected_];
   FontRecord& record = FontOf(settings(), row);
   RECT client;

@@ -54,6 +54,7 @@ class FontsPage : public SettingsPage {
   void ApplyGeneralSize();
   void OnFontRowChanged(const NMLISTVIEW& change);
   void InvalidatePreview();
+  void PaintPreview(HDC dc);
 
   std::array<HWND, kControlCount> controls_ = {};
   int selected_ = 0;

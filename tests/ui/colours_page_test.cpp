@@ -238,6 +238,7 @@ TEST_F(ColoursTest, BothTabsFitEachScreen) {
       if (tab == C::kSchemesTab) SaveScheme(L"Evening");
       RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
       for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << "tab " << tab << ": " << fault;
+      Pump();  // the controls paint after the page, as the message loop has them
       Sleep(150);
       RECT area;
       GetWindowRect(Window(), &area);

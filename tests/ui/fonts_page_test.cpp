@@ -180,6 +180,7 @@ TEST_F(FontsTest, BothTabsFitEachScreen) {
       }
       RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
       for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << "shot " << shot << ": " << fault;
+      Pump();  // the controls paint after the page, as the message loop has them
       Sleep(150);
       RECT area;
       GetWindowRect(Window(), &area);
