@@ -1,11 +1,12 @@
 // The main window's WM_COMMAND: the current page first (a command it takes
 // goes no further), then the page selector, then the shell's own commands:
-// Done, Cancel, Export, Import.
+// Done, Cancel, Export, Import, and the schemes the Colours page applies.
 #include <windows.h>
 
 #include "app/main_window.h"
 #include "app/shell.h"
 #include "data/filters.h"
+#include "data/schemes.h"
 #include "data/settings_file.h"
 #include "platform/win32/device.h"
 #include "platform/win32/wide.h"
@@ -47,20 +48,24 @@ void OnExport(HWND window) {
   ShowPair(window, ExportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder)));
 }
 
-// A successful import replaces the registry wholesale: the record is read
-// back, the lists are written out, the Today screen reloads and the program
-// ends without saving, so the pages' former state cannot undo the import.
-void OnImport(HWND window) {
+// Import and schemes replace the registry with no way back, so the whole
+// export is copied aside first. After a rewrite failed half way the registry
+// holds a broken state: the copy of the last whole one is then kept.
+HWND gRewriteFailedIn = nullptr;  // the main window of the run it failed in
+
+void BackUpBeforeRewrite(HWND window) {
+  if (gRewriteFailedIn == window) return;
   std::wstring folder = device::DocumentsFolder();
-  if (folder.empty()) return ShowPair(window, kCannotOpenSettingsFile);
-  ImportOutcome outcome = ImportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder));
-  if (!outcome.succeeded) {
-    ShowPair(window, outcome.message);
-    return;
-  }
+  if (!folder.empty()) BackUpSettings(Platform().registry, Platform().files, Categories(), ToU16(folder));
+}
+
+// After the registry was rewritten wholesale: the record is read back, the
+// lists are written out, the Today screen reloads and the program ends
+// without saving, so the pages' former state cannot undo the rewrite.
+void FinishRewrite(HWND window, MessagePair success) {
   LoadSettings(Settings(), Platform().Environment());
   SaveCategoriesAndFilters();
-  ShowPair(window, outcome.message);
+  if (success != kNoMessage) ShowPair(window, success);
   FreeLanguageLibrary();
   DWORD_PTR ignored = 0;
   SendMessageTimeoutW(GetDesktopWindow(), WM_SETTINGCHANGE, kTodayItemsChanged, 0, SMTO_ABORTIFHUNG, 5000,
@@ -68,7 +73,39 @@ void OnImport(HWND window) {
   DestroyWindow(window);
 }
 
+void OnImport(HWND window) {
+  std::wstring folder = device::DocumentsFolder();
+  if (folder.empty()) return ShowPair(window, kCannotOpenSettingsFile);
+  BackUpBeforeRewrite(window);
+  ImportOutcome outcome = ImportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder));
+  if (!outcome.succeeded) {
+    if (outcome.message == kImportFailed) gRewriteFailedIn = window;
+    ShowPair(window, outcome.message);
+    return;
+  }
+  FinishRewrite(window, outcome.message);
+}
+
+MessagePair SaveSchemeFromPage(std::u16string_view name) {
+  return SaveScheme(Platform().registry, Platform().files, Categories().categories,
+                    Settings().InstallFolder.View(), name);
+}
+
+void ApplySchemeFromPage(HWND window, std::u16string_view fileName) {
+  BackUpBeforeRewrite(window);
+  MessagePair failure =
+      LoadScheme(Platform().registry, Platform().files, Categories(), Settings().InstallFolder.View(), fileName);
+  if (failure == kSchemeLoadFailed) gRewriteFailedIn = window;
+  if (failure != kNoMessage) return ShowPair(window, failure);
+  FinishRewrite(window, kNoMessage);
+}
+
 }  // namespace
+
+const SchemeHooks& PageSchemeHooks() {
+  static constexpr SchemeHooks hooks = {SaveSchemeFromPage, ApplySchemeFromPage};
+  return hooks;
+}
 
 void FreeLanguageLibrary() {
   if (Shell().language != nullptr) FreeLibrary(Shell().language);

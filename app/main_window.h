@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include "pages/settings_page.h"
 
 namespace tw {
 
@@ -31,5 +32,7 @@ void DestroyPages();
 // commands.cpp
 LRESULT OnMainCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 void FreeLanguageLibrary();
+// Saving and applying schemes for the Colours page.
+const SchemeHooks& PageSchemeHooks();
 
 }  // namespace tw

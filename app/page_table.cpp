@@ -2,6 +2,8 @@
 
 #include "pages/about_page.h"
 #include "pages/calendar_page.h"
+#include "pages/colours_page.h"
+#include "pages/fonts_page.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
 
@@ -26,8 +28,8 @@ constexpr PageRow kPages[kPageCount] = {
     {kPageNameTexts[3], nullptr, 3, false, Block(3)},          // Notes
     {kPageNameTexts[4], nullptr, 4, false, Block(4)},          // Messages
     {kPageNameTexts[5], nullptr, 5, false, Block(5)},          // Special events
-    {kPageNameTexts[6], nullptr, 8, false, Block(6)},          // Fonts
-    {kPageNameTexts[7], nullptr, 7, false, Block(7)},          // Colours
+    {kPageNameTexts[6], MakeFontsPage, 8, false, kFontsPageIds},      // Fonts
+    {kPageNameTexts[7], MakeColoursPage, 7, false, kColoursPageIds},  // Colours
     {kPageNameTexts[8], nullptr, 6, false, Block(8)},          // PIM source
     {kPageNameTexts[9], nullptr, 9, false, Block(9)},          // Tabs
     {kPageNameTexts[10], nullptr, -1, true, Block(10)},        // category list

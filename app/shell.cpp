@@ -1,5 +1,7 @@
 #include "app/shell.h"
 
+#include "app/main_window.h"
+
 #include "base/scaling.h"
 #include "data/skin.h"
 #include "platform/load_text.h"
@@ -44,7 +46,8 @@ PreviewImageSet& PreviewImages() {
 PageContext MakePageContext() {
   const ShellState& shell = Shell();
   return {shell.mainWindow, shell.instance,  shell.language,  shell.normalFont,
-          shell.boldFont,   Settings(),      PreviewFonts(),  PreviewImages()};
+          shell.boldFont,   Settings(),      PreviewFonts(),  PreviewImages(),
+          &PageSchemeHooks()};
 }
 
 WideString LanguageText(unsigned id) {

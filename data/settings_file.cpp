@@ -211,13 +211,27 @@ int ImportSettings(SettingsTextInput& in, Registry& registry, CategoryData& data
   return 1;
 }
 
-MessagePair ExportSettingsFile(Registry& registry, FileSystem& files, const CategoryData& data,
-                               std::u16string_view documentsFolder) {
+namespace {
+
+bool ExportTo(Registry& registry, FileSystem& files, const CategoryData& data, std::u16string_view folder,
+              std::u16string_view fileName) {
   SettingsTextOutput out;
   ExportAll(registry, kProductKey, data, out);
-  files.WriteAll(FormatText(u"%s\\%s", {documentsFolder, kSettingsFileName}, WideString::kMaxLength),
-                 out.Bytes().data(), out.Bytes().size());
+  return files.WriteAll(FormatText(u"%s\\%s", {folder, fileName}, WideString::kMaxLength), out.Bytes().data(),
+                        out.Bytes().size());
+}
+
+}  // namespace
+
+MessagePair ExportSettingsFile(Registry& registry, FileSystem& files, const CategoryData& data,
+                               std::u16string_view documentsFolder) {
+  ExportTo(registry, files, data, documentsFolder, kSettingsFileName);
   return kSettingsExported;
+}
+
+bool BackUpSettings(Registry& registry, FileSystem& files, const CategoryData& data,
+                    std::u16string_view documentsFolder) {
+  return ExportTo(registry, files, data, documentsFolder, kSettingsBackupName);
 }
 
 ImportOutcome ImportSettingsFile(Registry& registry, FileSystem& files, CategoryData& data,

@@ -15,6 +15,9 @@
 namespace tw {
 
 inline constexpr std::u16string_view kSettingsFileName = u"TW_Settings.txt";
+// The whole export as it stood before the last import or scheme rewrote the
+// registry; imported under kSettingsFileName it brings every value back.
+inline constexpr std::u16string_view kSettingsBackupName = u"TW_Settings.bak";
 
 // The subtree at path, depth first; a missing key is created and exported empty.
 void ExportRegistryTree(Registry& registry, std::u16string_view path, SettingsTextOutput& out);
@@ -36,6 +39,9 @@ struct ImportOutcome {
 };
 MessagePair ExportSettingsFile(Registry& registry, FileSystem& files, const CategoryData& data,
                                std::u16string_view documentsFolder);
+// False when the backup could not be written.
+bool BackUpSettings(Registry& registry, FileSystem& files, const CategoryData& data,
+                    std::u16string_view documentsFolder);
 ImportOutcome ImportSettingsFile(Registry& registry, FileSystem& files, CategoryData& data,
                                  std::u16string_view documentsFolder);
 

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "base/scaling.h"
+#include "controls/colour_picker.h"
 #include "platform/win32/wide.h"
 
 namespace tw {
@@ -127,6 +129,38 @@ std::u16string GetText(HWND window) {
   std::vector<wchar_t> text(length + 1);
   GetWindowTextW(window, text.data(), length + 1);
   return ToU16(text.data());
+}
+
+void RepaintArea(HWND window, const RECT* area) {
+  RedrawWindow(window, area, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void RepaintShown(const std::vector<HWND>& controls) {
+  for (HWND control : controls)
+    if (IsWindowVisible(control)) RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+}
+
+HFONT CreateLabelFont() {
+  LOGFONTW font = {};
+  font.lfHeight = ScaleY(12);
+  wcscpy(font.lfFaceName, L"Tahoma");
+  return CreateFontIndirectW(&font);
+}
+
+void PaintSwatch(HDC dc, RECT frame, std::uint32_t colour, std::u16string_view noColourText) {
+  FillRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+  InflateRect(&frame, -ScaleX(1), -ScaleY(1));
+  if (colour == kNoColour) {
+    FillRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    SetTextColor(dc, RGB(0, 0, 0));
+    SetBkMode(dc, TRANSPARENT);
+    DrawTextW(dc, reinterpret_cast<const wchar_t*>(noColourText.data()), int(noColourText.size()), &frame,
+              DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    return;
+  }
+  HBRUSH brush = CreateSolidBrush(colour);
+  FillRect(dc, &frame, brush);
+  DeleteObject(brush);
 }
 
 }  // namespace tw

@@ -11,8 +11,10 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tw {
 
@@ -56,5 +58,21 @@ bool IsChecked(HWND box);
 // Any window text: captions, statics, edits.
 void SetText(HWND window, std::u16string_view text);
 std::u16string GetText(HWND window);
+
+// Has part of the main window (all of it for null) repainted, the controls
+// within it too. Left to the message loop, since a list may ask for it
+// while it is changing its own state.
+void RepaintArea(HWND window, const RECT* area);
+// The main window paints over its children (it does not clip them), and
+// the order in which the queue paints windows is not fixed: a page calls
+// this at the end of its painting so that its shown controls come out on top.
+void RepaintShown(const std::vector<HWND>& controls);
+
+// Tahoma 12 high (96-dpi units), the face the colour and font pages paint
+// their labels in; the caller deletes it.
+HFONT CreateLabelFont();
+// A colour sample: a black frame one pixel wide around the colour, or
+// around white carrying `noColourText` when the setting holds no colour.
+void PaintSwatch(HDC dc, RECT frame, std::uint32_t colour, std::u16string_view noColourText);
 
 }  // namespace tw

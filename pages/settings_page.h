@@ -28,10 +28,12 @@
 #include <windows.h>
 
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "base/wide_string.h"
 #include "pages/preview_cache.h"
+#include "resources/string_ids.h"
 #include "settings/settings_store.h"
 
 namespace tw {
@@ -50,6 +52,17 @@ struct ControlIdRange {
   constexpr bool Meets(const ControlIdRange& other) const { return first <= other.last && other.first <= last; }
 };
 
+// The scheme commands reach the registry and the category list and may end
+// the program, which only the shell may do; the page hands them over
+// through these two functions instead of including the shell.
+struct SchemeHooks {
+  // Writes "name.scm" from the registry; returns the message to show.
+  MessagePair (*save)(std::u16string_view name);
+  // Rewrites the registry from the scheme and reports a failure itself. On
+  // success the program ends: the page is destroyed before this returns.
+  void (*apply)(HWND window, std::u16string_view fileName);
+};
+
 // What a page is made with: the window it lives in, the record it edits, the
 // language library its texts come from, the page fonts and the preview's
 // fonts and pictures.
@@ -62,6 +75,7 @@ struct PageContext {
   SettingsStore& settings;
   PreviewFontCache& previewFonts;
   PreviewImageSet& previewImages;
+  const SchemeHooks* schemes = nullptr;
 };
 
 class SettingsPage {

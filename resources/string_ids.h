@@ -32,7 +32,8 @@ inline constexpr unsigned kNoneChoiceText = 40791;
 inline constexpr unsigned kPageNameTexts[] = {40220, 40221, 40222, 40981, 40982, 40223, 40224,
                                               40225, 40227, 40228, 40229, 40230, 40231};
 
-inline constexpr MessagePair kFirstRunNotice{40218, 40219}, kAskCancel{40216, 40217};
+inline constexpr MessagePair kFirstRunNotice{40218, 40219}, kAskCancel{40216, 40217},
+    kAskApplyGeneralSize{40206, 40207};
 inline constexpr MessagePair kSettingsExported{40208, 40209}, kCannotOpenSettingsFile{40210, 40211},
     kImportFailed{40212, 40213}, kSettingsImported{40214, 40215};
 inline constexpr MessagePair kNoSchemeSelected{40485, 40486}, kAskDeleteScheme{40487, 40488},

@@ -1,0 +1,258 @@
+// The Colours page driven as a user would: rows chosen, the picker played,
+// schemes saved, applied and deleted; then the record, the registry and the
+// scheme files are checked.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "app/shell.h"
+#include "base/scaling.h"
+#include "data/schemes.h"
+#include "pages/colours_page.h"
+#include "pages/common_controls.h"
+#include "platform/win32/wide.h"
+#include "resources/resource_ids.h"
+#include "settings/schema.h"
+#include "tests/ui/app_harness.h"
+#include "tests/ui/dialog_driver.h"
+#include "tests/ui/layout_check.h"
+#include "tests/ui/modal_step.h"
+#include "tools/screen_capture.h"
+
+namespace tw::test {
+namespace {
+
+constexpr int kColoursSlot = 7;
+constexpr char16_t kColorsPath[] = u"Software\\Orvex\\Tidewell\\Colors";
+constexpr char16_t kFontsPath[] = u"Software\\Orvex\\Tidewell\\Fonts";
+constexpr char16_t kBackup[] = u"\\My Documents\\TW_Settings.bak";
+constexpr int kGeneralFontColourRow = 2;
+using C = ColoursPage;
+
+const char16_t* ColourName(NumberField field) {
+  for (const ValueSpec& value : kColorsKey.values)
+    if (value.dword == field) return value.name;
+  return nullptr;
+}
+
+class ColoursTest : public AppTest {
+ protected:
+  void TearDown() override {
+    for (const std::u16string& name : ListSchemes(files(), Settings().InstallFolder.View()))
+      DeleteScheme(files(), Settings().InstallFolder.View(), name);
+    files().Delete(kBackup);
+    AppTest::TearDown();
+  }
+  ColoursPage* OpenPage() {
+    if (Window() == nullptr) Start();
+    SelectPage(kColoursSlot);
+    return Page();
+  }
+  ColoursPage* Page() { return static_cast<ColoursPage*>(Shell().slots[kColoursSlot].get()); }
+  HWND Control(C::Control control) { return Page()->Window(control); }
+  void SelectTab(int tab) {
+    HWND strip = Control(C::kTabs);
+    NMHDR header = {strip, static_cast<UINT_PTR>(GetDlgCtrlID(strip)), static_cast<UINT>(TCN_SELCHANGING)};
+    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    TabSelect(strip, tab);
+    header.code = TCN_SELCHANGE;
+    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+  }
+  void Press(C::Control button) {
+    HWND control = Control(button);
+    SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED),
+                 reinterpret_cast<LPARAM>(control));
+    Pump();
+  }
+  // Change colour on a row, the picker played by `step`.
+  void ChangeColour(int row, ModalStep step) {
+    ListViewSelect(Control(C::kColourList), row);
+    WithModal(IDC_RED_SLIDER, std::move(step), [&] { Press(C::kChangeColour); });
+  }
+  COLORREF SwatchCentre() {
+    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    return PixelAt(Window(), {ScaleX(134), ScaleY(94)});
+  }
+  void SaveScheme(const wchar_t* name) {
+    SetText(Control(C::kSchemeName), AsU16(name));
+    Press(C::kSaveScheme);
+  }
+  std::u16string SchemePath(const char16_t* fileName) {
+    return std::u16string(Settings().InstallFolder.View()) + u"\\Schemes\\" + fileName;
+  }
+  std::wstring LastCaption() { return answerer_.boxes.empty() ? L"" : answerer_.boxes.back().caption; }
+  std::uint32_t SavedColour(const char16_t* name) {
+    return ReadValue(registry(), kCurrentUser, kColorsPath, name).dword;
+  }
+};
+
+// The rows' order is not the record's: each row must edit its own field,
+// the swatch show its colour, and Done store it under the field's name.
+TEST_F(ColoursTest, EveryRowEditsItsOwnColour) {
+  ColoursPage* page = OpenPage();
+  std::span<const ColourRow> rows = ColourRows();
+  ASSERT_EQ(rows.size(), 16u);
+  for (const ColourRow& row : rows) Settings().*row.field = 0;
+  for (int i = 0; i < int(rows.size()); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_EQ(ListViewRowText(Control(C::kColourList), i), AsU16(EnglishText(rows[i].name).c_str()));
+    ChangeColour(i, [i](HWND dialog) {
+      TypeAndLeave(dialog, IDC_RED_VALUE, std::to_wstring(10 + i));
+      TapMenuBar(dialog, IDOK);
+    });
+    EXPECT_EQ(page->SelectedColour(), i);
+    EXPECT_EQ(SwatchCentre(), RGB(10 + i, 0, 0));
+  }
+  for (int i = 0; i < int(rows.size()); ++i) EXPECT_EQ(Settings().*rows[i].field, RGB(10 + i, 0, 0)) << i;
+  Command(IDOK);
+  for (int i = 0; i < int(rows.size()); ++i) {
+    ASSERT_NE(ColourName(rows[i].field), nullptr);
+    EXPECT_EQ(SavedColour(ColourName(rows[i].field)), RGB(10 + i, 0, 0)) << Show(ColourName(rows[i].field));
+  }
+}
+
+TEST_F(ColoursTest, NoneStoresNoColourAndTheDefaultComesBack) {
+  WriteDword(registry(), kCurrentUser, kColorsPath, u"GeneralFontColor", 255);
+  OpenPage();
+  ChangeColour(kGeneralFontColourRow, [](HWND dialog) {
+    TapMenuBar(dialog, IDM_NO_COLOUR);
+    TapMenuBar(dialog, IDOK);
+  });
+  EXPECT_EQ(Settings().GeneralFontColor, -1);
+  EXPECT_EQ(SwatchCentre(), RGB(255, 255, 255)) << "no colour shows white, not black";
+  ChangeColour(kGeneralFontColourRow, [](HWND dialog) { TapMenuBar(dialog, IDM_CANCEL); });
+  EXPECT_EQ(Settings().GeneralFontColor, -1) << "cancel keeps the colour";
+  Command(IDOK);
+  EXPECT_FALSE(ReadValue(registry(), kCurrentUser, kColorsPath, u"GeneralFontColor").present);
+  SettingsStore reloaded;
+  LoadSettings(reloaded, {registry(), locale(), files()});
+  EXPECT_EQ(reloaded.GeneralFontColor, -1);
+}
+
+TEST_F(ColoursTest, SchemesSaveApplyAndDelete) {
+  WriteDword(registry(), kCurrentUser, kColorsPath, u"GeneralFontColor", 255);
+  WriteDword(registry(), kCurrentUser, kFontsPath, u"FontGenerallfHeight", 20);
+  OpenPage();
+  SelectTab(C::kSchemesTab);
+  EXPECT_TRUE(IsWindowVisible(Control(C::kSchemeList)));
+  EXPECT_FALSE(IsWindowVisible(Control(C::kColourList)));
+  Press(C::kApplyScheme);
+  EXPECT_EQ(LastCaption(), EnglishText(kNoSchemeSelected.caption)) << "an empty list has nothing to apply";
+  SaveScheme(L"");
+  EXPECT_EQ(LastCaption(), EnglishText(kSchemeNameEmpty.caption));
+
+  SaveScheme(L"Mine");
+  EXPECT_EQ(LastCaption(), EnglishText(kSchemeSaved.caption));
+  EXPECT_EQ(ListViewRowText(Control(C::kSchemeList), 0), u"Mine.scm");
+  EXPECT_EQ(GetText(Control(C::kSchemeName)), u"");
+  std::vector<std::uint8_t> saved;
+  ASSERT_TRUE(files().ReadAll(SchemePath(u"Mine.scm"), saved));
+
+  // The user's colours and fonts change, then the scheme under that name is
+  // offered again: it is refused and the file kept.
+  WriteDword(registry(), kCurrentUser, kColorsPath, u"GeneralFontColor", 7);
+  WriteDword(registry(), kCurrentUser, kFontsPath, u"FontGenerallfHeight", 30);
+  SaveScheme(L"Mine");
+  EXPECT_EQ(LastCaption(), EnglishText(kSchemeExists.caption));
+  std::vector<std::uint8_t> after;
+  files().ReadAll(SchemePath(u"Mine.scm"), after);
+  EXPECT_EQ(after, saved);
+  EXPECT_EQ(ListViewCount(Control(C::kSchemeList)), 1);
+
+  SaveScheme(L"Other");
+  ListViewSelect(Control(C::kSchemeList), 0);
+  EXPECT_EQ(ListViewRowText(Control(C::kSchemeList), 0), u"Other.scm");
+  answerer_.AnswerYesNo(IDNO);
+  Press(C::kDeleteScheme);
+  EXPECT_TRUE(files().Exists(SchemePath(u"Other.scm")));
+  answerer_.AnswerYesNo(IDYES);
+  Press(C::kDeleteScheme);
+  EXPECT_FALSE(files().Exists(SchemePath(u"Other.scm")));
+  ASSERT_EQ(ListViewCount(Control(C::kSchemeList)), 1);
+
+  ListViewSelect(Control(C::kSchemeList), 0);
+  std::size_t boxes = answerer_.boxes.size();
+  Press(C::kApplyScheme);
+  EXPECT_EQ(Window(), nullptr) << "applying a scheme ends the program";
+  ASSERT_EQ(answerer_.boxes.size(), boxes + 1) << "only the question, no success message";
+  EXPECT_EQ(LastCaption(), EnglishText(kAskLoadScheme.caption));
+  EXPECT_EQ(SavedColour(u"GeneralFontColor"), 255u);
+  EXPECT_EQ(ReadValue(registry(), kCurrentUser, kFontsPath, u"FontGenerallfHeight").dword, 20u);
+  EXPECT_EQ(Settings().GeneralFontColor, 255) << "the record was read back";
+  std::vector<std::uint8_t> backup;
+  ASSERT_TRUE(files().ReadAll(kBackup, backup));
+  EXPECT_NE(std::string(backup.begin(), backup.end()).find("\"GeneralFontColor\"=dword:7"), std::string::npos);
+}
+
+// A scheme that breaks half way leaves the colour and font keys cleared; the
+// backup written before brings back every value.
+TEST_F(ColoursTest, BackupRestoresAfterAFailedApply) {
+  WriteDword(registry(), kCurrentUser, kColorsPath, u"GeneralFontColor", 255);
+  WriteDword(registry(), kCurrentUser, kColorsPath, u"HighlightBgClr", 9);
+  WriteDword(registry(), kCurrentUser, kFontsPath, u"FontGenerallfHeight", 20);
+  OpenPage();
+  std::string before = RegistrySnapshot();
+  files().MakeDirectory(std::u16string(Settings().InstallFolder.View()) + u"\\Schemes");
+  std::string broken = "\r\n[Software\\Orvex\\Tidewell\\Colors]\r\n\"GeneralFontColor\"=dword:7\r\n\r\nbroken\r\n";
+  ASSERT_TRUE(files().WriteAll(SchemePath(u"Broken.scm"), broken.data(), broken.size()));
+  SelectPage(kAboutPage);
+  Shell().slots[kColoursSlot].reset();  // the list is read when the page is made
+  OpenPage();
+  SelectTab(C::kSchemesTab);
+  ListViewSelect(Control(C::kSchemeList), 0);
+  Press(C::kApplyScheme);
+  EXPECT_EQ(LastCaption(), EnglishText(kSchemeLoadFailed.caption));
+  ASSERT_NE(Window(), nullptr);
+  EXPECT_FALSE(ReadValue(registry(), kCurrentUser, kColorsPath, u"HighlightBgClr").present);
+  EXPECT_FALSE(ReadValue(registry(), kCurrentUser, kFontsPath, u"FontGenerallfHeight").present);
+
+  std::vector<std::uint8_t> backup;
+  ASSERT_TRUE(files().ReadAll(kBackup, backup));
+  ASSERT_TRUE(files().WriteAll(kDocument, backup.data(), backup.size()));
+  Command(IDM_IMPORT);
+  EXPECT_EQ(Window(), nullptr);
+  EXPECT_EQ(RegistrySnapshot(), before);
+}
+
+// Both tabs at each screen, with a colour and with none; the pictures are
+// kept under the build tree for looking at.
+TEST_F(ColoursTest, BothTabsFitEachScreen) {
+  const struct {
+    const wchar_t* size;
+    int dpi;
+  } screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
+  CreateDirectoryW(L"appearance-shots", nullptr);
+  for (const auto& screen : screens) {
+    SCOPED_TRACE(screen.dpi);
+    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
+    gScreen.dpiX = gScreen.dpiY = screen.dpi;
+    Start();
+    Settings().GeneralFontColor = -1;
+    Settings().SeperatorLineClr = RGB(0, 128, 0);
+    OpenPage();
+    for (int tab : {C::kColoursTab, C::kSchemesTab}) {
+      SelectTab(tab);
+      if (tab == C::kSchemesTab) SaveScheme(L"Evening");
+      RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+      for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << "tab " << tab << ": " << fault;
+      Pump();  // the controls paint after the page, as the message loop has them
+      Sleep(150);
+      RECT area;
+      GetWindowRect(Window(), &area);
+      tools::Capture capture;
+      ASSERT_TRUE(tools::CaptureScreen(area, capture));
+      tools::WriteBmp(L"appearance-shots\\colours-" + std::wstring(screen.size) + L"-tab" + std::to_wstring(tab) +
+                          L".bmp",
+                      capture);
+    }
+    DestroyWindow(Window());
+    Pump();
+    DeleteScheme(files(), Settings().InstallFolder.View(), u"Evening.scm");
+  }
+}
+
+}  // namespace
+}  // namespace tw::test
