@@ -24,6 +24,8 @@ HWND InitInstance(HINSTANCE instance, int startPage, int showCommand);
 LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // page_slots.cpp
+// What a page of the main window is made with.
+PageContext MakePageContext();
 void ShowPage(int index, int showCommand);
 void SwitchPage(int index);
 // Every page object in the order Done and window destruction use.

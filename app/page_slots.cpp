@@ -10,6 +10,13 @@
 
 namespace tw {
 
+PageContext MakePageContext() {
+  const ShellState& shell = Shell();
+  return {shell.mainWindow, shell.instance,  shell.language,  shell.normalFont,
+          shell.boldFont,   Settings(),      PreviewFonts(),  PreviewImages(),
+          &PageSchemeHooks()};
+}
+
 void ShowPage(int index, int showCommand) {
   // Slots without a factory (the category pages, whose views the shell
   // paints, and pages not written yet) show nothing of their own.

@@ -1,6 +1,5 @@
 #include "app/shell.h"
 
-#include "app/main_window.h"
 
 #include "base/scaling.h"
 #include "data/skin.h"
@@ -41,13 +40,6 @@ PreviewFontCache& PreviewFonts() {
 PreviewImageSet& PreviewImages() {
   static PreviewImageSet images;
   return images;
-}
-
-PageContext MakePageContext() {
-  const ShellState& shell = Shell();
-  return {shell.mainWindow, shell.instance,  shell.language,  shell.normalFont,
-          shell.boldFont,   Settings(),      PreviewFonts(),  PreviewImages(),
-          &PageSchemeHooks()};
 }
 
 WideString LanguageText(unsigned id) {

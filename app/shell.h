@@ -63,8 +63,6 @@ ShellPlatform& Platform();
 PreviewFontCache& PreviewFonts();
 PreviewImageSet& PreviewImages();
 
-// What a page of the main window is made with.
-PageContext MakePageContext();
 
 // A text of the current language library (empty when there is none).
 WideString LanguageText(unsigned id);
