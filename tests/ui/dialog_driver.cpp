@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "base/scaling.h"
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
 #include "tests/ui/layout_check.h"
