@@ -29,9 +29,7 @@ class ColourPickerTest : public DialogTest {
   }
 };
 
-int SliderAt(HWND dialog, int slider) {
-  return static_cast<int>(SendDlgItemMessageW(dialog, slider, TBM_GETPOS, 0, 0));
-}
+int SliderAt(HWND dialog, int slider) { return static_cast<int>(SendDlgItemMessageW(dialog, slider, TBM_GETPOS, 0, 0)); }
 
 void Drag(HWND dialog, int slider, int position) {
   HWND control = GetDlgItem(dialog, slider);
@@ -56,9 +54,9 @@ POINT SwatchCentre(HWND dialog) {
 
 // Value x 0.392... truncated to a position; position x 255 / 100 back.
 TEST_F(ColourPickerTest, DecimalFieldsAndSlidersFollowEachOther) {
-  const struct { int field, slider; const wchar_t* typed; int position; } typed[] = {{IDC_RED_VALUE, IDC_RED_SLIDER, L"255", 100},
-               {IDC_GREEN_VALUE, IDC_GREEN_SLIDER, L"128", 50},
-               {IDC_BLUE_VALUE, IDC_BLUE_SLIDER, L"1", 0}};
+  const struct { int field, slider; const wchar_t* typed; int position; } typed[] = {
+      {IDC_RED_VALUE, IDC_RED_SLIDER, L"255", 100}, {IDC_GREEN_VALUE, IDC_GREEN_SLIDER, L"128", 50},
+      {IDC_BLUE_VALUE, IDC_BLUE_SLIDER, L"1", 0}};
   const struct { int slider, field, position; const wchar_t* shown; } dragged[] = {{IDC_GREEN_SLIDER, IDC_GREEN_VALUE, 50, L"127"}, {IDC_BLUE_SLIDER, IDC_BLUE_VALUE, 1, L"2"}};
   auto step = [&](HWND dialog) {
     for (const auto& c : typed) {

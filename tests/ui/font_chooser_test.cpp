@@ -24,12 +24,6 @@ LOGFONTW Font(LONG height, LONG weight, BYTE styles = 0) {
 
 bool Ticked(HWND dialog, int box) { return IsDlgButtonChecked(dialog, box) == BST_CHECKED; }
 
-void Pick(HWND dialog, int row) {
-  SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_SETCURSEL, row, 0);
-  SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_FONT_SIZE, CBN_SELCHANGE),
-               reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDC_FONT_SIZE)));
-}
-
 // Only 700 is bold; unticked bold is stored thin; sizes outside the list
 // come back one below it.
 TEST_F(FontChooserTest, OpensFromTheRecordAndStoresOnDone) {
@@ -66,7 +60,8 @@ TEST_F(FontChooserTest, StylesAndSizeChangeOnlyOnDone) {
       EXPECT_TRUE(Ticked(dialog, IDC_FONT_ITALIC) && Ticked(dialog, IDC_FONT_UNDERLINE) &&
                   Ticked(dialog, IDC_FONT_STRIKEOUT));
       for (int box : {IDC_FONT_ITALIC, IDC_FONT_STRIKEOUT, IDC_FONT_BOLD}) SendDlgItemMessageW(dialog, box, BM_CLICK, 0, 0);
-      Pick(dialog, 8);
+      SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_SETCURSEL, 8, 0);
+      SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_FONT_SIZE, CBN_SELCHANGE), LPARAM(GetDlgItem(dialog, IDC_FONT_SIZE)));
       SendMessageW(dialog, WM_COMMAND, close, 0);
     });
     EXPECT_EQ(Edit(font, colour), close == IDOK);

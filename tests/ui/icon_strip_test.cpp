@@ -96,13 +96,10 @@ TEST_F(IconStripTest, TapsToggleTheItemUnderThemButNeverALockedOne) {
   EXPECT_EQ(IconStripItemState(strip_, 64), kOn) << "an unknown item counts as on";
 }
 
-// What a collapsed strip's menu offers, read while it is open, and the keys
-// that pick one of its entries.
-struct MenuVisit {
-  std::vector<std::wstring> entries;  // "text id checked"
-  int downs = 0;                      // entry to pick: 1 is the first
-};
-MenuVisit* gVisit = nullptr;
+// What a collapsed strip's menu offers ("text id checked"), read while it is
+// open, and how many entries down the one to pick is (1 is the first).
+std::vector<std::wstring> gEntries;
+int gDowns = 0;
 
 void CALLBACK ReadAndPick(HWND, UINT, UINT_PTR timer, DWORD) {
   HWND menuWindow = FindWindowW(L"#32768", nullptr);
@@ -113,22 +110,19 @@ void CALLBACK ReadAndPick(HWND, UINT, UINT_PTR timer, DWORD) {
     wchar_t text[64] = {};
     GetMenuStringW(menu, i, text, 64, MF_BYPOSITION);
     bool checked = GetMenuState(menu, i, MF_BYPOSITION) & MF_CHECKED;
-    gVisit->entries.push_back(std::wstring(text) + L" " + std::to_wstring(GetMenuItemID(menu, i)) +
-                              (checked ? L" checked" : L""));
+    gEntries.push_back(std::wstring(text) + L" " + std::to_wstring(GetMenuItemID(menu, i)) + (checked ? L" checked" : L""));
   }
-  for (int i = 0; i < gVisit->downs; ++i) PostMessageW(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
+  for (int i = 0; i < gDowns; ++i) PostMessageW(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
   PostMessageW(menuWindow, WM_KEYDOWN, VK_RETURN, 0);
 }
 
-MenuVisit OpenMenuAndPick(HWND strip, int entry) {
-  MenuVisit visit{{}, entry};
-  gVisit = &visit;
+std::vector<std::wstring> OpenMenuAndPick(HWND strip, int entry) {
+  gEntries.clear(), gDowns = entry;
   SetTimer(nullptr, 0, 50, ReadAndPick);
   SendMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, 8));
   SendMessageW(strip, WM_LBUTTONUP, 0, MAKELPARAM(8, 8));
   test::Pump();  // the choice arrives as a posted command
-  gVisit = nullptr;
-  return visit;
+  return gEntries;
 }
 
 TEST_F(IconStripTest, CollapsedTheMenuTurnsTheChosenItemOffAndAllOthersOn) {
@@ -146,7 +140,7 @@ TEST_F(IconStripTest, CollapsedTheMenuTurnsTheChosenItemOffAndAllOthersOn) {
       {2, {L"None 0 checked", L"Note 1144", L"Recurring 1145", L"Reminder 1146"}, {kOff, kOn, kOn}},
   };
   for (const auto& visit : visits) {
-    EXPECT_EQ(OpenMenuAndPick(strip_, visit.pick).entries, visit.entries);
+    EXPECT_EQ(OpenMenuAndPick(strip_, visit.pick), visit.entries);
     EXPECT_EQ(States(), visit.states) << "after entry " << visit.pick;
   }
   EXPECT_EQ(parent_.log, std::vector<Logged>(3, kChanged)) << "opening the menu alone tells nothing";
