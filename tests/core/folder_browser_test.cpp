@@ -7,12 +7,14 @@ namespace {
 
 class FolderBrowserTest : public PlatformTest {
  protected:
-  void Put(std::u16string_view name) {
-    ASSERT_TRUE(files().WriteAll(Folder() + u"\\" + std::u16string(name), "x", 1)) << Show(name);
-  }
-  // Names in other scripts are walked by the chooser's own test on the real file system.
-  void MakeFolder(std::u16string_view name) {
-    ASSERT_TRUE(files().MakeDirectory(Folder() + u"\\" + std::u16string(name))) << Show(name);
+  // Names ending in a backslash are folders. Names in other scripts are
+  // walked by the chooser's own test on the real file system.
+  void Make(std::initializer_list<std::u16string_view> names) {
+    for (std::u16string_view name : names) {
+      std::u16string path = Folder() + u"\\" + std::u16string(name);
+      if (name.ends_with(u'\\')) path.pop_back();
+      ASSERT_TRUE(name.ends_with(u'\\') ? files().MakeDirectory(path) : files().WriteAll(path, "x", 1)) << Show(name);
+    }
   }
   static std::vector<std::u16string> Rows(const FolderBrowser& browser) {
     std::vector<std::u16string> rows;
@@ -30,9 +32,7 @@ class FolderBrowserTest : public PlatformTest {
 };
 
 TEST_F(FolderBrowserTest, ListsFoldersFirstIgnoringCaseAndWalksDownAndUp) {
-  for (auto name : {u"b.txt", u"A.txt", u"c.TXT"}) Put(name);
-  for (auto name : {u"zeta", u"Alpha", u"beta"}) MakeFolder(name);
-  MakeFolder(u"beta\\inner");
+  Make({u"b.txt", u"A.txt", u"c.TXT", u"zeta\\", u"Alpha\\", u"beta\\", u"beta\\inner\\"});
   FolderBrowser browser(files(), locale(), BrowseFor::File, 256);
   browser.Start(Folder());
   EXPECT_EQ(browser.Folder(), Folder());
@@ -55,17 +55,11 @@ TEST_F(FolderBrowserTest, ListsFoldersFirstIgnoringCaseAndWalksDownAndUp) {
 }
 
 TEST_F(FolderBrowserTest, StartsInTheDeepestFolderOnTheWay) {
-  MakeFolder(u"Notes");
-  Put(u"Notes\\today.txt");
-  const struct {
-    std::u16string start, folder;
-  } cases[] = {
-      {Folder() + u"\\Notes", Folder() + u"\\Notes"},
-      {Folder() + u"\\NOTES\\", Folder() + u"\\Notes"},
-      {Folder() + u"\\Notes\\today.txt", Folder() + u"\\Notes"},
-      {Folder() + u"\\Notes\\gone\\deeper", Folder() + u"\\Notes"},
-      {Folder() + u"\\.\\x\\..\\Notes", Folder() + u"\\Notes"},
-      {u"", u"\\"},
+  Make({u"Notes\\", u"Notes\\today.txt"});
+  const std::u16string notes = Folder() + u"\\Notes";
+  const struct { std::u16string start, folder; } cases[] = {
+      {notes, notes}, {Folder() + u"\\NOTES\\", notes}, {notes + u"\\today.txt", notes},
+      {notes + u"\\gone\\deeper", notes}, {Folder() + u"\\.\\x\\..\\Notes", notes}, {u"", u"\\"},
       {u"\\missing", u"\\"},
   };
   for (const auto& c : cases) {
@@ -76,8 +70,7 @@ TEST_F(FolderBrowserTest, StartsInTheDeepestFolderOnTheWay) {
 }
 
 TEST_F(FolderBrowserTest, NeverOpensAFolderWhosePathWouldNotFit) {
-  MakeFolder(u"abcde");
-  MakeFolder(u"abcdef");
+  Make({u"abcde\\", u"abcdef\\"});
   // Room for the folder, one backslash, five letters and the terminator.
   FolderBrowser browser(files(), locale(), BrowseFor::Folder, Folder().size() + 7);
   browser.Start(Folder());

@@ -10,7 +10,6 @@
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
 #include "tests/ui/dialog_driver.h"
-#include "tests/ui/layout_check.h"
 
 namespace tw::test {
 namespace {
@@ -20,20 +19,25 @@ class ColourPickerTest : public DialogTest {
   std::uint32_t Pick(std::uint32_t colour, bool allowNone = true, bool openOnPalette = false) {
     return Run([&] { return PickColour(owner_, resources_, language_, colour, allowNone, openOnPalette); });
   }
+  // Opens on `colour`, lets `step` act, then confirms.
+  std::uint32_t PickAfter(std::uint32_t colour, Step step, bool openOnPalette = false) {
+    Then(IDC_RED_SLIDER, [&](HWND dialog) {
+      step(dialog);
+      TapMenuBar(dialog, IDOK);
+    });
+    return Pick(colour, true, openOnPalette);
+  }
 };
 
-int SliderAt(HWND dialog, int slider) {
-  return static_cast<int>(SendDlgItemMessageW(dialog, slider, TBM_GETPOS, 0, 0));
-}
+int SliderAt(HWND dialog, int slider) { return static_cast<int>(SendDlgItemMessageW(dialog, slider, TBM_GETPOS, 0, 0)); }
 
-// A drag of the slider's thumb to a position.
 void Drag(HWND dialog, int slider, int position) {
   HWND control = GetDlgItem(dialog, slider);
   SendMessageW(control, TBM_SETPOS, TRUE, position);
   SendMessageW(dialog, WM_HSCROLL, MAKEWPARAM(TB_THUMBTRACK, position), reinterpret_cast<LPARAM>(control));
 }
 
-// The middle of the colour swatch in the strip along the bottom.
+// The middle of the colour swatch in the strip along the bottom, right of its label.
 POINT SwatchCentre(HWND dialog) {
   RECT client;
   GetClientRect(dialog, &client);
@@ -43,85 +47,57 @@ POINT SwatchCentre(HWND dialog) {
   std::wstring label = EnglishText(kTextChosenColour);
   SIZE extent = {};
   GetTextExtentPoint32W(dc, label.c_str(), static_cast<int>(label.size()), &extent);
-  SelectObject(dc, old);
-  DeleteObject(font);
+  DeleteObject(SelectObject(dc, old));
   ReleaseDC(dialog, dc);
   return {ScaleX(4) + extent.cx + ScaleX(6 + 25), client.bottom - ScaleY(24) + ScaleY(7 + 6)};
 }
 
-TEST_F(ColourPickerTest, DecimalFieldsSetSlidersAndTheColour) {
-  const struct {
-    int field, slider;
-    const wchar_t* typed;
-    int position;
-  } cases[] = {
-      {IDC_RED_VALUE, IDC_RED_SLIDER, L"255", 100},
-      {IDC_GREEN_VALUE, IDC_GREEN_SLIDER, L"128", 50},
-      {IDC_BLUE_VALUE, IDC_BLUE_SLIDER, L"1", 0},
-  };
-  Then(IDC_RED_SLIDER, [&](HWND dialog) {
-    for (const auto& c : cases) {
+// Value x 0.392... truncated to a position; position x 255 / 100 back.
+TEST_F(ColourPickerTest, DecimalFieldsAndSlidersFollowEachOther) {
+  const struct { int field, slider; const wchar_t* typed; int position; } typed[] = {
+      {IDC_RED_VALUE, IDC_RED_SLIDER, L"255", 100}, {IDC_GREEN_VALUE, IDC_GREEN_SLIDER, L"128", 50},
+      {IDC_BLUE_VALUE, IDC_BLUE_SLIDER, L"1", 0}};
+  const struct { int slider, field, position; const wchar_t* shown; } dragged[] = {{IDC_GREEN_SLIDER, IDC_GREEN_VALUE, 50, L"127"}, {IDC_BLUE_SLIDER, IDC_BLUE_VALUE, 1, L"2"}};
+  auto step = [&](HWND dialog) {
+    for (const auto& c : typed) {
       TypeAndLeave(dialog, c.field, c.typed);
       EXPECT_EQ(SliderAt(dialog, c.slider), c.position) << "typed " << ::testing::PrintToString(std::wstring(c.typed));
     }
     EXPECT_EQ(ItemText(dialog, IDC_HTML_VALUE), L"FF8001") << "web order: red first";
-    TapMenuBar(dialog, IDOK);
-  });
-  EXPECT_EQ(Pick(0), 0x000180FFu);
-}
-
-TEST_F(ColourPickerTest, SlidersSetFieldsAndTheColour) {
-  const struct {
-    int slider, field, position;
-    const wchar_t* shown;
-  } cases[] = {
-      {IDC_RED_SLIDER, IDC_RED_VALUE, 100, L"255"},
-      {IDC_GREEN_SLIDER, IDC_GREEN_VALUE, 50, L"127"},
-      {IDC_BLUE_SLIDER, IDC_BLUE_VALUE, 1, L"2"},
-  };
-  Then(IDC_RED_SLIDER, [&](HWND dialog) {
-    for (const auto& c : cases) {
+    for (const auto& c : dragged) {
       Drag(dialog, c.slider, c.position);
       EXPECT_EQ(ItemText(dialog, c.field), c.shown) << "position " << c.position;
     }
-    EXPECT_EQ(ItemText(dialog, IDC_HTML_VALUE), L"FF7F02");
+    Drag(dialog, IDC_RED_SLIDER, 100);
+    EXPECT_EQ(ItemText(dialog, IDC_RED_VALUE), L"255");
     UpdateWindow(dialog);
     EXPECT_EQ(PixelAt(dialog, SwatchCentre(dialog)), RGB(255, 127, 2)) << "the strip shows the colour";
-    SendMessageW(dialog, WM_COMMAND, IDOK, 0);  // the title strip's Done
-  });
-  EXPECT_EQ(Pick(0x00FFFFFF), 0x00027FFFu);
+  };
+  EXPECT_EQ(PickAfter(0x00FFFFFF, step), 0x00027FFFu);
 }
 
 TEST_F(ColourPickerTest, WebFieldReadsWhatItCanAndKeepsTheRest) {
-  const struct {
-    const wchar_t* typed;
-    std::uint32_t start, result;
-  } cases[] = {
-      {L"FF8000", 0x00123456, 0x000080FF},
-      {L"F", 0x00123456, 0x0012340F},     // red alone; green and blue kept
-      {L"GG", 0x00123456, 0x00123456},    // nothing read, no message
-      {L"0a0B", 0x00123456, 0x00120B0A},  // either case
-  };
+  // "F" reads red alone and keeps green and blue; "GG" reads nothing, silently.
+  const struct { const wchar_t* typed; std::uint32_t result; } cases[] = {
+      {L"FF8000", 0x000080FF}, {L"F", 0x0012340F}, {L"GG", 0x00123456}, {L"0a0B", 0x00120B0A}};
   for (const auto& c : cases) {
-    Then(IDC_RED_SLIDER, [&](HWND dialog) {
+    auto step = [&](HWND dialog) {
       TypeAndLeave(dialog, IDC_HTML_VALUE, c.typed);
       EXPECT_EQ(SliderAt(dialog, IDC_RED_SLIDER), static_cast<int>((c.result & 0xFF) * 100 / 255));
-      TapMenuBar(dialog, IDOK);
-    });
-    EXPECT_EQ(Pick(c.start), c.result) << ::testing::PrintToString(std::wstring(c.typed));
+    };
+    EXPECT_EQ(PickAfter(0x00123456, step), c.result) << ::testing::PrintToString(std::wstring(c.typed));
   }
   EXPECT_TRUE(answerer_.boxes.empty());
 }
 
 TEST_F(ColourPickerTest, OutOfRangeDecimalIsRefusedAndUndone) {
   for (const wchar_t* typed : {L"256", L"", L"99999"}) {
-    Then(IDC_RED_SLIDER, [&](HWND dialog) {
+    auto step = [&](HWND dialog) {
       TypeAndLeave(dialog, IDC_GREEN_VALUE, typed);
       EXPECT_EQ(ItemText(dialog, IDC_GREEN_VALUE), L"32") << "the edit is undone";
       EXPECT_EQ(SliderAt(dialog, IDC_GREEN_SLIDER), 12);
-      TapMenuBar(dialog, IDOK);
-    });
-    EXPECT_EQ(Pick(0x00102030), 0x00102030u);
+    };
+    EXPECT_EQ(PickAfter(0x00102030, step), 0x00102030u);
   }
   ASSERT_EQ(answerer_.boxes.size(), 3u);
   EXPECT_EQ(answerer_.boxes[0].text, EnglishText(kTextComponentRange));
@@ -129,81 +105,62 @@ TEST_F(ColourPickerTest, OutOfRangeDecimalIsRefusedAndUndone) {
 }
 
 TEST_F(ColourPickerTest, NoneClearsTheColourAndCancelKeepsTheCallers) {
-  Then(IDC_RED_SLIDER, [&](HWND dialog) {
+  auto none = [&](HWND dialog) {
     EXPECT_EQ(PixelAt(dialog, SwatchCentre(dialog)), RGB(0x30, 0x20, 0x10));
     TapMenuBar(dialog, IDM_NO_COLOUR);
     UpdateWindow(dialog);
     EXPECT_EQ(PixelAt(dialog, SwatchCentre(dialog)), RGB(255, 255, 255)) << "no swatch once None is chosen";
-    TapMenuBar(dialog, IDOK);
-  });
-  EXPECT_EQ(Pick(0x00102030), kNoColour);
+  };
+  EXPECT_EQ(PickAfter(0x00102030, none), kNoColour);
 
+  auto title = [this] {
+    wchar_t text[64] = {};
+    return GetWindowTextW(owner_, text, 64), std::wstring(text);
+  };
   Then(IDC_RED_SLIDER, [&](HWND dialog) {
     EXPECT_FALSE(MenuBarHas(dialog, IDM_NO_COLOUR)) << "None only where the caller allows it";
     SendMessageW(dialog, WM_COMMAND, IDM_NO_COLOUR, 0);
     Drag(dialog, IDC_RED_SLIDER, 100);
-    wchar_t title[64] = {};
-    GetWindowTextW(owner_, title, 64);
-    EXPECT_EQ(std::wstring(title), EnglishText(kTextChooseColour)) << "the owner's title while open";
+    EXPECT_EQ(title(), EnglishText(kTextChooseColour)) << "the owner's title while open";
     TapMenuBar(dialog, IDM_CANCEL);
   });
   EXPECT_EQ(Pick(0x00102030, false), kColourCancelled);
-  wchar_t title[64] = {};
-  GetWindowTextW(owner_, title, 64);
-  EXPECT_EQ(std::wstring(title), L"Owner") << "restored";
+  EXPECT_EQ(title(), L"Owner") << "restored";
 }
 
-// The palette gives the colour the screen shows under the tap: the
-// palette picture's own pixel there.
+// The palette gives the colour the screen shows under the tap: the palette
+// picture's own pixel there, and only on its own tab.
 TEST_F(ColourPickerTest, PaletteGivesThePixelUnderTheTap) {
   auto picture = static_cast<HBITMAP>(LoadImageW(resources_, MAKEINTRESOURCEW(IDB_PALETTE_SMALL), IMAGE_BITMAP, 0, 0, 0));
   ASSERT_NE(picture, nullptr);
   HDC memory = CreateCompatibleDC(nullptr);
   HGDIOBJ old = SelectObject(memory, picture);
   COLORREF expected = GetPixel(memory, 150, 30);
-  SelectObject(memory, old);
+  DeleteObject(SelectObject(memory, old));
   DeleteDC(memory);
-  DeleteObject(picture);
 
-  Then(IDC_RED_SLIDER, [&](HWND dialog) {
+  auto tap = [&](HWND dialog) {
     RECT client;
     GetClientRect(dialog, &client);
     int left = client.right / 2 - 92;
     Tap(dialog, {left + 150, 20 + 30});
-    EXPECT_EQ(ItemText(dialog, IDC_RED_VALUE), std::to_wstring(GetRValue(expected)));
-    Tap(dialog, {left - 5, 20 + 30});  // outside: nothing changes
+    Tap(dialog, {left - 5, 20 + 30});                                   // outside: nothing changes
     SendMessageW(dialog, WM_MOUSEMOVE, 0, MAKELPARAM(left + 10, 30));  // moving without a touch picks nothing
-    TapMenuBar(dialog, IDOK);
-  });
-  EXPECT_EQ(Pick(0x00000000, true, true), static_cast<std::uint32_t>(expected));
-
-  Then(IDC_RED_SLIDER, [&](HWND dialog) {
-    RECT client;
-    GetClientRect(dialog, &client);
-    Tap(dialog, {client.right / 2, 30});  // the palette is not shown on the sliders tab
-    TapMenuBar(dialog, IDOK);
-  });
-  EXPECT_EQ(Pick(0x00102030), 0x00102030u);
+  };
+  EXPECT_EQ(PickAfter(0x00000000, tap, true), static_cast<std::uint32_t>(expected));
+  EXPECT_EQ(PickAfter(0x00102030, tap), 0x00102030u) << "the sliders tab shows no palette";
 }
 
 TEST_F(ColourPickerTest, FitsEveryScreenOnBothTabs) {
-  for (const Screen& screen : ScreensToCheck()) {
-    UseScreen(screen);
-    SCOPED_TRACE(std::string(screen.name, screen.name + wcslen(screen.name)));
-    Then(IDC_RED_SLIDER, [&](HWND dialog) {
-      for (const std::string& fault : CheckLayout(dialog)) ADD_FAILURE() << fault;
-      EXPECT_NE(SaveScreenshot(dialog, L"colour_picker_sliders", screen), L"");
-      HWND tabs = FindWindowExW(dialog, nullptr, WC_TABCONTROLW, nullptr);
-      RECT tab = {};
-      TabCtrl_GetItemRect(tabs, 1, &tab);
-      Tap(tabs, {(tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2});
-      EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_RED_SLIDER))) << "the palette tab hides the sliders";
-      for (const std::string& fault : CheckLayout(dialog)) ADD_FAILURE() << fault;
-      EXPECT_NE(SaveScreenshot(dialog, L"colour_picker_palette", screen), L"");
-      TapMenuBar(dialog, IDM_CANCEL);
-    });
-    Pick(0x0000C0FF);
-  }
+  auto palette = [](HWND dialog) {
+    HWND tabs = FindWindowExW(dialog, nullptr, WC_TABCONTROLW, nullptr);
+    RECT tab = {};
+    TabCtrl_GetItemRect(tabs, 1, &tab);
+    Tap(tabs, {(tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2});
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, IDC_RED_SLIDER))) << "the palette tab hides the sliders";
+    CheckLayoutAndSave(dialog, L"colour_picker_palette");
+  };
+  OnEveryScreen(IDC_RED_SLIDER, L"colour_picker_sliders", [&] { Pick(0x0000C0FF); }, palette);
 }
 
 }  // namespace

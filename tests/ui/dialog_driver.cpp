@@ -8,7 +8,9 @@
 
 #include "base/scaling.h"
 #include "platform/win32/device.h"
-#include "tools/screen_capture.h"
+#include "resources/resource_ids.h"
+#include "tests/ui/layout_check.h"
+#include "tests/ui/recording_parent.h"
 
 #if !defined(TW_LIBRARY_FOLDER) || !defined(TW_PROGRAM_RESOURCES)
 #error "the build names the folder of the resource libraries and the program's resources"
@@ -18,30 +20,33 @@ namespace tw::test {
 namespace {
 
 DialogTest* gDriven = nullptr;
+const wchar_t* gScreenName = L"240x320";
 
-struct Search {
-  int marker;
-  const std::vector<HWND>* played;
-  HWND found = nullptr;
-};
-
-BOOL CALLBACK FindDialog(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<Search*>(parameter);
-  wchar_t name[16] = {};
-  GetClassNameW(window, name, 16);
-  if (lstrcmpW(name, L"#32770") == 0 && IsWindowVisible(window) && GetDlgItem(window, search.marker) != nullptr &&
-      std::find(search.played->begin(), search.played->end(), window) == search.played->end())
-    search.found = window;
-  return search.found == nullptr;
+void UseScreen(const wchar_t* name, int dpi) {
+  SetEnvironmentVariableW(L"TIDEWELL_SCREEN", name);
+  gScreenName = name;
+  gScreen.dpiX = gScreen.dpiY = dpi;
+  device::Screen() = device::ScreenFor(dpi);
 }
 
-HWND MenuBarOf(HWND dialog) {
-  for (HWND window = GetTopWindow(nullptr); window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
-    wchar_t name[32] = {};
-    GetClassNameW(window, name, 32);
-    if (GetWindow(window, GW_OWNER) == dialog && lstrcmpW(name, L"TwDeviceMenuBar") == 0) return window;
-  }
+// The first visible dialog of this thread holding `marker` that no step has had.
+HWND FindDialog(int marker, const std::vector<HWND>& played) {
+  for (HWND found = nullptr; (found = FindWindowExW(nullptr, found, L"#32770", nullptr)) != nullptr;)
+    if (IsWindowVisible(found) && GetDlgItem(found, marker) != nullptr &&
+        GetWindowThreadProcessId(found, nullptr) == GetCurrentThreadId() &&
+        std::find(played.begin(), played.end(), found) == played.end())
+      return found;
   return nullptr;
+}
+
+// The dialog's menu bar and the middle of its button, or no bar.
+std::pair<HWND, POINT> MenuBarButton(HWND dialog, int command) {
+  HWND bar = nullptr;
+  while ((bar = FindWindowExW(nullptr, bar, L"TwDeviceMenuBar", nullptr)) && GetWindow(bar, GW_OWNER) != dialog) {
+  }
+  RECT button = {};
+  if (!bar || !SendMessageW(bar, TB_GETRECT, command, reinterpret_cast<LPARAM>(&button))) return {nullptr, {}};
+  return {bar, {(button.left + button.right) / 2, (button.top + button.bottom) / 2}};
 }
 
 }  // namespace
@@ -50,9 +55,8 @@ void DialogTest::SetUp() {
   device::EnterDeviceFileSystem();
   resources_ = LoadLibraryW(TW_PROGRAM_RESOURCES);
   language_ = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LangRes\\CPEngRc.dll");
-  ASSERT_NE(resources_, nullptr);
-  ASSERT_NE(language_, nullptr);
-  UseScreen({L"240x320", 96});
+  ASSERT_TRUE(resources_ && language_);
+  UseScreen(L"240x320", 96);
   RECT work = device::Screen().Work();
   owner_ = CreateWindowExW(0, L"Static", L"Owner", WS_POPUP | WS_VISIBLE, work.left, work.top, work.right - work.left,
                            work.bottom - work.top, nullptr, nullptr, nullptr, nullptr);
@@ -63,11 +67,11 @@ void DialogTest::SetUp() {
 void DialogTest::TearDown() {
   gDriven = nullptr;
   DestroyWindow(owner_);
-  UseScreen({L"240x320", 96});
+  UseScreen(L"240x320", 96);
   Pump();
 }
 
-void DialogTest::Then(int marker, Step step) { steps_.push_back({marker, std::move(step)}); }
+void DialogTest::Then(int marker, Step step) { steps_.emplace_back(marker, std::move(step)); }
 
 void DialogTest::StartSteps() { timer_ = SetTimer(nullptr, 0, 20, Tick); }
 
@@ -81,12 +85,10 @@ void DialogTest::StopSteps() {
 void CALLBACK DialogTest::Tick(HWND, UINT, UINT_PTR, DWORD) {
   DialogTest* test = gDriven;
   if (test == nullptr || test->steps_.empty()) return;
-  Search search = {test->steps_.front().marker, &test->played_};
-  EnumThreadWindows(GetCurrentThreadId(), FindDialog, reinterpret_cast<LPARAM>(&search));
-  if (search.found == nullptr) return;
-  HWND dialog = search.found;
+  HWND dialog = FindDialog(test->steps_.front().first, test->played_);
+  if (dialog == nullptr) return;
   test->played_.push_back(dialog);
-  Step step = std::move(test->steps_.front().step);
+  Step step = std::move(test->steps_.front().second);
   test->steps_.erase(test->steps_.begin());
   UpdateWindow(dialog);
   step(dialog);
@@ -94,6 +96,31 @@ void CALLBACK DialogTest::Tick(HWND, UINT, UINT_PTR, DWORD) {
     ADD_FAILURE() << "a step left its dialog open";
     PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
   }
+}
+
+void DialogTest::OnEveryScreen(int marker, const std::wstring& name, const std::function<void()>& open, Step more) {
+  HDC screen = GetDC(nullptr);
+  int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+  ReleaseDC(nullptr, screen);
+  std::vector<std::pair<const wchar_t*, int>> screens = {{L"480x640", dpi}};
+  if (dpi < 192) screens = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
+  for (auto [size, density] : screens) {
+    UseScreen(size, density);
+    SCOPED_TRACE(::testing::PrintToString(std::wstring(size)));
+    Then(marker, [&](HWND dialog) {
+      CheckLayoutAndSave(dialog, name);
+      if (more) more(dialog);
+      TapMenuBar(dialog, IDM_CANCEL);
+    });
+    Run([&] { return open(), 0; });
+  }
+}
+
+void CheckLayoutAndSave(HWND dialog, const std::wstring& name) {
+  for (const std::string& fault : CheckLayout(dialog)) ADD_FAILURE() << fault;
+  RedrawWindow(dialog, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  std::wstring shot = name + L"_" + gScreenName + L"_" + std::to_wstring(gScreen.dpiX);
+  EXPECT_NE(SaveScreenshot(shot, dialog, {0, 0, device::Screen().width, device::Screen().height}), L"");
 }
 
 void Tap(HWND window, POINT at) {
@@ -108,18 +135,12 @@ void TapControl(HWND dialog, int id) {
   SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(control));
 }
 
-bool MenuBarHas(HWND dialog, int command) {
-  RECT button = {};
-  HWND bar = MenuBarOf(dialog);
-  return bar != nullptr && SendMessageW(bar, TB_GETRECT, command, reinterpret_cast<LPARAM>(&button));
-}
+bool MenuBarHas(HWND dialog, int command) { return MenuBarButton(dialog, command).first != nullptr; }
 
 void TapMenuBar(HWND dialog, int command) {
-  HWND bar = MenuBarOf(dialog);
-  RECT button = {};
-  ASSERT_TRUE(bar != nullptr && SendMessageW(bar, TB_GETRECT, command, reinterpret_cast<LPARAM>(&button)))
-      << "no menu bar button " << command;
-  Tap(bar, {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
+  auto [bar, button] = MenuBarButton(dialog, command);
+  ASSERT_NE(bar, nullptr) << "no menu bar button " << command;
+  Tap(bar, button);
 }
 
 void TypeAndLeave(HWND dialog, int field, const std::wstring& text) {
@@ -141,43 +162,6 @@ COLORREF PixelAt(HWND window, POINT at) {
   COLORREF pixel = GetPixel(dc, at.x, at.y);
   ReleaseDC(window, dc);
   return pixel;
-}
-
-std::vector<Screen> ScreensToCheck() {
-  HDC screen = GetDC(nullptr);
-  int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  if (dpi >= 192) return {{L"480x640", dpi}};
-  return {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
-}
-
-void UseScreen(const Screen& screen) {
-  SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.name);
-  gScreen.dpiX = gScreen.dpiY = screen.dpi;
-  device::Screen() = device::ScreenFor(screen.dpi);
-}
-
-std::wstring SaveScreenshot(HWND dialog, const std::wstring& name, const Screen& screen) {
-  RedrawWindow(dialog, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-  // Wine hands the pixels to the X server shortly after the paint.
-  for (int i = 0; i < 10; ++i) {
-    Pump();
-    Sleep(10);
-  }
-  wchar_t program[MAX_PATH] = {};
-  GetModuleFileNameW(nullptr, program, MAX_PATH);
-  std::wstring folder = program;
-  folder = folder.substr(0, folder.find_last_of(L'\\')) + L"\\screenshots";
-  CreateDirectoryW(folder.c_str(), nullptr);
-  HDC dc = GetDC(nullptr);
-  int dpi = GetDeviceCaps(dc, LOGPIXELSX);
-  ReleaseDC(nullptr, dc);
-  std::wstring path = folder + L"\\" + name + L"_" + screen.name + L"_" + std::to_wstring(dpi) + L".bmp";
-  const device::ScreenGeometry& device = device::Screen();
-  tools::Capture capture;
-  if (!tools::CaptureScreen({0, 0, device.width, device.height}, capture) || !tools::WriteBmp(path, capture))
-    return L"";
-  return path;
 }
 
 }  // namespace tw::test

@@ -1,6 +1,6 @@
 // Modal dialogs driven from inside their own message loop, as a user would:
-// each step waits for the dialog that holds a given control, then taps and
-// types on it and closes it. Message boxes are answered by the answerer.
+// each step waits for the dialog holding a given control, taps and types on
+// it and closes it. Message boxes are answered by the answerer.
 #pragma once
 
 #include <windows.h>
@@ -32,6 +32,10 @@ class DialogTest : public ::testing::Test {
     return result;
   }
 
+  // On each screen a dialog is checked on (at 192 dpi only the large one):
+  // opens it, checks and saves it as `name`, lets `more` look on, cancels it.
+  void OnEveryScreen(int marker, const std::wstring& name, const std::function<void()>& open, Step more = {});
+
   HWND owner_ = nullptr;
   HINSTANCE resources_ = nullptr;
   HMODULE language_ = nullptr;
@@ -41,11 +45,7 @@ class DialogTest : public ::testing::Test {
   static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD);
   void StartSteps();
   void StopSteps();
-  struct Pending {
-    int marker;
-    Step step;
-  };
-  std::vector<Pending> steps_;
+  std::vector<std::pair<int, Step>> steps_;
   std::vector<HWND> played_;
   UINT_PTR timer_ = 0;
 };
@@ -60,16 +60,8 @@ void TypeAndLeave(HWND dialog, int field, const std::wstring& text);
 std::wstring ItemText(HWND dialog, int id);
 COLORREF PixelAt(HWND window, POINT at);
 
-// The screens the dialogs are checked on: at 192 dpi only the large one.
-struct Screen {
-  const wchar_t* name;
-  int dpi;
-};
-std::vector<Screen> ScreensToCheck();
-// Puts the screen in place for what opens next.
-void UseScreen(const Screen& screen);
-// Saves what the device screen shows as screenshots/<name>_<screen>_<dpi>.bmp
-// beside the test program; the path, or empty when the capture failed.
-std::wstring SaveScreenshot(HWND dialog, const std::wstring& name, const Screen& screen);
+// Checks the dialog's layout and saves the device screen as the screenshot
+// <name>_<screen>_<dpi>.
+void CheckLayoutAndSave(HWND dialog, const std::wstring& name);
 
 }  // namespace tw::test

@@ -7,7 +7,6 @@
 #include "controls/colour_picker.h"
 #include "resources/resource_ids.h"
 #include "tests/ui/dialog_driver.h"
-#include "tests/ui/layout_check.h"
 
 namespace tw::test {
 namespace {
@@ -20,31 +19,15 @@ class FontChooserTest : public DialogTest {
 };
 
 LOGFONTW Font(LONG height, LONG weight, BYTE styles = 0) {
-  LOGFONTW font = {};
-  font.lfHeight = height;
-  font.lfWeight = weight;
-  font.lfItalic = font.lfUnderline = font.lfStrikeOut = styles;
-  lstrcpyW(font.lfFaceName, L"Tahoma");
-  return font;
+  return {height, 0, 0, 0, weight, styles, styles, styles, 0, 0, 0, 0, 0, L"Tahoma"};
 }
 
 bool Ticked(HWND dialog, int box) { return IsDlgButtonChecked(dialog, box) == BST_CHECKED; }
 
-void Pick(HWND dialog, int row) {
-  SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_SETCURSEL, row, 0);
-  SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_FONT_SIZE, CBN_SELCHANGE),
-               reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDC_FONT_SIZE)));
-}
-
 // Only 700 is bold; unticked bold is stored thin; sizes outside the list
 // come back one below it.
 TEST_F(FontChooserTest, OpensFromTheRecordAndStoresOnDone) {
-  const struct {
-    LONG height, weight;
-    bool bold;
-    int row;
-    LONG storedHeight, storedWeight;
-  } cases[] = {
+  const struct { LONG height, weight; bool bold; int row; LONG storedHeight, storedWeight; } cases[] = {
       {12, 700, true, 2, 12, 700},
       {12, 400, false, 2, 12, 100},
       {30, 600, false, 20, 30, 100},
@@ -55,15 +38,15 @@ TEST_F(FontChooserTest, OpensFromTheRecordAndStoresOnDone) {
   for (const auto& c : cases) {
     LOGFONTW font = Font(c.height, c.weight);
     std::uint32_t colour = 0x00112233;
+    SCOPED_TRACE(::testing::Message() << "height " << c.height << ", weight " << c.weight);
     Then(IDC_FONT_SIZE, [&](HWND dialog) {
       EXPECT_EQ(Ticked(dialog, IDC_FONT_BOLD), c.bold);
       EXPECT_EQ(SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_GETCURSEL, 0, 0), c.row);
-      EXPECT_EQ(SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_GETCOUNT, 0, 0), 21);
+      EXPECT_EQ(SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_GETCOUNT, 0, 0), 21) << "sizes 10 to 30";
       TapMenuBar(dialog, IDOK);
     });
     EXPECT_TRUE(Edit(font, colour));
-    EXPECT_EQ(font.lfHeight, c.storedHeight) << "height " << c.height;
-    EXPECT_EQ(font.lfWeight, c.storedWeight) << "weight " << c.weight;
+    EXPECT_EQ(std::pair(font.lfHeight, font.lfWeight), std::pair(c.storedHeight, c.storedWeight));
     EXPECT_STREQ(font.lfFaceName, L"Tahoma") << "the face is not the chooser's";
   }
 }
@@ -72,29 +55,20 @@ TEST_F(FontChooserTest, StylesAndSizeChangeOnlyOnDone) {
   const LOGFONTW start = Font(12, 400, 1);
   LOGFONTW font = start;
   std::uint32_t colour = kNoColour;
-  auto change = [](HWND dialog) {
-    EXPECT_TRUE(Ticked(dialog, IDC_FONT_ITALIC) && Ticked(dialog, IDC_FONT_UNDERLINE) &&
-                Ticked(dialog, IDC_FONT_STRIKEOUT));
-    for (int box : {IDC_FONT_ITALIC, IDC_FONT_STRIKEOUT, IDC_FONT_BOLD}) SendDlgItemMessageW(dialog, box, BM_CLICK, 0, 0);
-    Pick(dialog, 8);
-  };
-  Then(IDC_FONT_SIZE, [&](HWND dialog) {
-    change(dialog);
-    TapMenuBar(dialog, IDM_CANCEL);
-  });
-  EXPECT_FALSE(Edit(font, colour));
-  EXPECT_EQ(memcmp(&font, &start, sizeof font), 0) << "cancel leaves the record alone";
-
-  Then(IDC_FONT_SIZE, [&](HWND dialog) {
-    change(dialog);
-    SendMessageW(dialog, WM_COMMAND, IDOK, 0);
-  });
-  EXPECT_TRUE(Edit(font, colour));
-  EXPECT_EQ(font.lfHeight, 18);
-  EXPECT_EQ(font.lfWeight, 700);
-  EXPECT_EQ(font.lfItalic, 0);
-  EXPECT_EQ(font.lfUnderline, 1);
-  EXPECT_EQ(font.lfStrikeOut, 0);
+  for (int close : {IDM_CANCEL, IDOK}) {
+    Then(IDC_FONT_SIZE, [&](HWND dialog) {
+      EXPECT_TRUE(Ticked(dialog, IDC_FONT_ITALIC) && Ticked(dialog, IDC_FONT_UNDERLINE) &&
+                  Ticked(dialog, IDC_FONT_STRIKEOUT));
+      for (int box : {IDC_FONT_ITALIC, IDC_FONT_STRIKEOUT, IDC_FONT_BOLD}) SendDlgItemMessageW(dialog, box, BM_CLICK, 0, 0);
+      SendDlgItemMessageW(dialog, IDC_FONT_SIZE, CB_SETCURSEL, 8, 0);
+      SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_FONT_SIZE, CBN_SELCHANGE), LPARAM(GetDlgItem(dialog, IDC_FONT_SIZE)));
+      SendMessageW(dialog, WM_COMMAND, close, 0);
+    });
+    EXPECT_EQ(Edit(font, colour), close == IDOK);
+    if (close == IDM_CANCEL) EXPECT_EQ(memcmp(&font, &start, sizeof font), 0) << "cancel leaves the record alone";
+  }
+  const LOGFONTW stored = {18, 0, 0, 0, 700, 0, 1, 0, 0, 0, 0, 0, 0, L"Tahoma"};
+  EXPECT_EQ(memcmp(&font, &stored, sizeof font), 0) << "size 18, bold, underlined only";
 }
 
 // The colour is the caller's as soon as it is set: a later cancel keeps it.
@@ -112,27 +86,16 @@ TEST_F(FontChooserTest, ColourSetThenCancelledStaysSet) {
     TypeAndLeave(picker, IDC_HTML_VALUE, L"0080FF");
     TapMenuBar(picker, IDOK);
   });
-  Then(IDC_RED_SLIDER, [&](HWND picker) {
-    TapMenuBar(picker, IDM_CANCEL);
-  });
+  Then(IDC_RED_SLIDER, [&](HWND picker) { TapMenuBar(picker, IDM_CANCEL); });
   EXPECT_FALSE(Edit(font, colour));
   EXPECT_EQ(colour, 0x00FF8000u);
   EXPECT_EQ(font.lfWeight, 400) << "the font itself is untouched";
 }
 
 TEST_F(FontChooserTest, FitsEveryScreen) {
-  for (const Screen& screen : ScreensToCheck()) {
-    UseScreen(screen);
-    SCOPED_TRACE(std::string(screen.name, screen.name + wcslen(screen.name)));
-    LOGFONTW font = Font(14, 700);
-    std::uint32_t colour = kNoColour;
-    Then(IDC_FONT_SIZE, [&](HWND dialog) {
-      for (const std::string& fault : CheckLayout(dialog)) ADD_FAILURE() << fault;
-      EXPECT_NE(SaveScreenshot(dialog, L"font_chooser", screen), L"");
-      TapMenuBar(dialog, IDM_CANCEL);
-    });
-    Edit(font, colour);
-  }
+  LOGFONTW font = Font(14, 700);
+  std::uint32_t colour = kNoColour;
+  OnEveryScreen(IDC_FONT_SIZE, L"font_chooser", [&] { Edit(font, colour); });
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 // shows, with the real timers running.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 
 #include "base/scaling.h"
@@ -24,36 +23,27 @@ using test::Logged;
 constexpr LPARAM kCommandValue = 0x5A17;
 constexpr Logged kChanged = {WM_COMMAND, kIconStripChanged, kCommandValue};
 constexpr std::uint32_t kNote = 1, kRecurring = 2, kReminder = 4;
+constexpr int kOn = kIconStripOn, kOff = kIconStripOff, kLocked = kIconStripLocked;
 
 HWND VisibleTip() {
   HWND tip = FindWindowW(kToolTipClass, nullptr);
   return tip && IsWindowVisible(tip) ? tip : nullptr;
 }
 
-std::wstring TextOf(HWND window) {
-  wchar_t text[128] = {};
-  GetWindowTextW(window, text, 128);
-  return text;
-}
-
 class IconStripTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    gScreen.dpiX = gScreen.dpiY = 96;
-    pictures_ = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LowDpiRes.dll");
-  }
+  void SetUp() override { gScreen.dpiX = gScreen.dpiY = 96; }
   void TearDown() override {
-    if (strip_) DestroyWindow(strip_);
+    DestroyWindow(strip_);
     FreeLibrary(pictures_);
     FreeLibrary(english_);
     gScreen.dpiX = gScreen.dpiY = 96;
   }
 
-  HWND Make(bool collapsed, HWND owner = nullptr, POINT origin = {10, 10}) {
+  void Make(bool collapsed, HWND owner = nullptr, POINT origin = {10, 10}) {
     strip_ = CreateIconStrip(GetModuleHandleW(nullptr), owner ? owner : parent_.window(), origin, L"TwTestStrip",
                              kCommandValue, collapsed, &texts_);
-    EXPECT_NE(strip_, nullptr);
-    return strip_;
+    ASSERT_NE(strip_, nullptr);
   }
   std::unique_ptr<SkinImage> Picture(int targa) const {
     auto image = std::make_unique<SkinImage>();
@@ -73,46 +63,18 @@ class IconStripTest : public ::testing::Test {
   }
   void Press(int x) { SendMessageW(strip_, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, 8)); }
   void Release(int x) { SendMessageW(strip_, WM_LBUTTONUP, 0, MAKELPARAM(x, 8)); }
-  void Tap(int x) {
-    Press(x);
-    Release(x);
-  }
-  int ClientWidth() const {
-    RECT client;
-    GetClientRect(strip_, &client);
-    return client.right;
-  }
+  void Tap(int x) { Press(x), Release(x); }
 
   test::RecordingParent parent_{240, 60};
-  HMODULE pictures_ = nullptr;
+  HMODULE pictures_ = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LowDpiRes.dll");
   HMODULE english_ = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LangRes\\CPEngRc.dll");
   Win32TextLibrary texts_{english_};
   HWND strip_ = nullptr;
 };
 
-TEST_F(IconStripTest, TapsToggleTheItemUnderThemButNeverALockedOne) {
-  Make(false);
-  EXPECT_EQ(ClientWidth(), 1);
-  AddThree();
-  EXPECT_EQ(ClientWidth(), 1 + 3 * 16);
-  EXPECT_EQ(States(), (std::vector<int>{kIconStripOff, kIconStripOn, kIconStripLocked}));
-
-  Tap(8);
-  Tap(20);
-  Tap(40);
-  Tap(47);
-  EXPECT_EQ(States(), (std::vector<int>{kIconStripOn, kIconStripOff, kIconStripLocked}));
-  SetIconStripItemOn(strip_, kReminder);
-  Tap(40);
-  EXPECT_EQ(States(), (std::vector<int>{kIconStripOn, kIconStripOff, kIconStripOff})) << "unlocked by turning on";
-  EXPECT_EQ(parent_.log, std::vector<Logged>(5, kChanged));
-  EXPECT_EQ(IconStripItemState(strip_, 64), kIconStripOn) << "an unknown item counts as on";
-}
-
 TEST_F(IconStripTest, AStripWithoutItemsPaintsItsBackgroundAndStillNotifies) {
   Make(false);
-  parent_.Settle();
-  tools::Capture shot = parent_.Shot(strip_);
+  tools::Capture shot = test::Shot(strip_);
   EXPECT_EQ(shot.width, 1);
   EXPECT_EQ(test::PixelAt(shot, 0, 8), RGB(20, 20, 50));
   Tap(0);
@@ -121,13 +83,23 @@ TEST_F(IconStripTest, AStripWithoutItemsPaintsItsBackgroundAndStillNotifies) {
   EXPECT_EQ(FindWindowW(kToolTipClass, nullptr), nullptr);
 }
 
-// What a collapsed strip's menu offers, read while it is open, and the keys
-// that pick one of its entries.
-struct MenuVisit {
-  std::vector<std::wstring> entries;  // "text id checked"
-  int downs = 0;                      // entry to pick: 1 is the first
-};
-MenuVisit* gVisit = nullptr;
+TEST_F(IconStripTest, TapsToggleTheItemUnderThemButNeverALockedOne) {
+  Make(false);
+  AddThree();
+  EXPECT_EQ(States(), (std::vector<int>{kOff, kOn, kLocked}));
+  for (int x : {8, 20, 40, 47}) Tap(x);
+  EXPECT_EQ(States(), (std::vector<int>{kOn, kOff, kLocked}));
+  SetIconStripItemOn(strip_, kReminder);
+  Tap(40);
+  EXPECT_EQ(States(), (std::vector<int>{kOn, kOff, kOff})) << "unlocked by turning on";
+  EXPECT_EQ(parent_.log, std::vector<Logged>(5, kChanged));
+  EXPECT_EQ(IconStripItemState(strip_, 64), kOn) << "an unknown item counts as on";
+}
+
+// What a collapsed strip's menu offers ("text id checked"), read while it is
+// open, and how many entries down the one to pick is (1 is the first).
+std::vector<std::wstring> gEntries;
+int gDowns = 0;
 
 void CALLBACK ReadAndPick(HWND, UINT, UINT_PTR timer, DWORD) {
   HWND menuWindow = FindWindowW(L"#32768", nullptr);
@@ -138,52 +110,46 @@ void CALLBACK ReadAndPick(HWND, UINT, UINT_PTR timer, DWORD) {
     wchar_t text[64] = {};
     GetMenuStringW(menu, i, text, 64, MF_BYPOSITION);
     bool checked = GetMenuState(menu, i, MF_BYPOSITION) & MF_CHECKED;
-    gVisit->entries.push_back(std::wstring(text) + L" " + std::to_wstring(GetMenuItemID(menu, i)) +
-                              (checked ? L" checked" : L""));
+    gEntries.push_back(std::wstring(text) + L" " + std::to_wstring(GetMenuItemID(menu, i)) + (checked ? L" checked" : L""));
   }
-  for (int i = 0; i < gVisit->downs; ++i) PostMessageW(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
+  for (int i = 0; i < gDowns; ++i) PostMessageW(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
   PostMessageW(menuWindow, WM_KEYDOWN, VK_RETURN, 0);
 }
 
-MenuVisit OpenMenuAndPick(HWND strip, int entry) {
-  MenuVisit visit{{}, entry};
-  gVisit = &visit;
+std::vector<std::wstring> OpenMenuAndPick(HWND strip, int entry) {
+  gEntries.clear(), gDowns = entry;
   SetTimer(nullptr, 0, 50, ReadAndPick);
   SendMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, 8));
   SendMessageW(strip, WM_LBUTTONUP, 0, MAKELPARAM(8, 8));
   test::Pump();  // the choice arrives as a posted command
-  gVisit = nullptr;
-  return visit;
+  return gEntries;
 }
 
 TEST_F(IconStripTest, CollapsedTheMenuTurnsTheChosenItemOffAndAllOthersOn) {
   Make(true);
   AddThree();
-  EXPECT_EQ(ClientWidth(), 17);
-  MenuVisit first = OpenMenuAndPick(strip_, 4);
-  EXPECT_EQ(first.entries, (std::vector<std::wstring>{L"None 0", L"Note 1144 checked", L"Recurring 1145",
-                                                      L"Reminder 1146"}))
-      << "the item that is off is the one checked";
-  EXPECT_EQ(States(), (std::vector<int>{kIconStripOn, kIconStripOn, kIconStripOff})) << "locked ones too";
-
-  MenuVisit none = OpenMenuAndPick(strip_, 1);
-  EXPECT_EQ(none.entries.at(3), L"Reminder 1146 checked");
-  EXPECT_EQ(States(), (std::vector<int>{kIconStripOn, kIconStripOn, kIconStripOn}));
-  MenuVisit again = OpenMenuAndPick(strip_, 2);
-  EXPECT_EQ(again.entries.at(0), L"None 0 checked") << "with no item off";
-  EXPECT_EQ(States(), (std::vector<int>{kIconStripOff, kIconStripOn, kIconStripOn}));
+  // The item that is off is the one checked, "None" when none is; the
+  // choice turns every item on, locked ones too, and the chosen one off.
+  const struct {
+    int pick;
+    std::vector<std::wstring> entries;
+    std::vector<int> states;
+  } visits[] = {
+      {4, {L"None 0", L"Note 1144 checked", L"Recurring 1145", L"Reminder 1146"}, {kOn, kOn, kOff}},
+      {1, {L"None 0", L"Note 1144", L"Recurring 1145", L"Reminder 1146 checked"}, {kOn, kOn, kOn}},
+      {2, {L"None 0 checked", L"Note 1144", L"Recurring 1145", L"Reminder 1146"}, {kOff, kOn, kOn}},
+  };
+  for (const auto& visit : visits) {
+    EXPECT_EQ(OpenMenuAndPick(strip_, visit.pick), visit.entries);
+    EXPECT_EQ(States(), visit.states) << "after entry " << visit.pick;
+  }
   EXPECT_EQ(parent_.log, std::vector<Logged>(3, kChanged)) << "opening the menu alone tells nothing";
-}
 
-TEST_F(IconStripTest, CollapsedMenuCommandsOutsideItsRangeAreIgnored) {
-  Make(true);
-  AddThree();
-  SendMessageW(strip_, WM_COMMAND, kIconStripFirstItemCommand + kIconStripMenuItems, 0);
-  SendMessageW(strip_, WM_COMMAND, kIconStripFirstItemCommand - 1, 0);
-  EXPECT_EQ(States(), (std::vector<int>{kIconStripOff, kIconStripOn, kIconStripLocked}));
+  for (int outside : {kIconStripFirstItemCommand - 1, kIconStripFirstItemCommand + kIconStripMenuItems})
+    SendMessageW(strip_, WM_COMMAND, outside, 0);
+  EXPECT_EQ(States(), visits[2].states) << "commands outside ignored";
   SendMessageW(strip_, WM_COMMAND, kIconStripFirstItemCommand + 7, 0);  // no item there: all on
-  EXPECT_EQ(States(), (std::vector<int>{kIconStripOn, kIconStripOn, kIconStripOn}));
-  EXPECT_EQ(parent_.log, std::vector<Logged>(1, kChanged));
+  EXPECT_EQ(States(), (std::vector<int>{kOn, kOn, kOn}));
 }
 
 TEST_F(IconStripTest, TheTipShowsOnlyWhileTheStylusStaysDown) {
@@ -197,10 +163,11 @@ TEST_F(IconStripTest, TheTipShowsOnlyWhileTheStylusStaysDown) {
   Press(20);
   ASSERT_TRUE(test::WaitFor([] { return VisibleTip() != nullptr; }, 2000));
   EXPECT_GE(GetTickCount() - pressed, 300u);
-  HWND tip = VisibleTip();
-  EXPECT_EQ(TextOf(tip), L"Recurring");
+  wchar_t text[32] = {};
+  GetWindowTextW(VisibleTip(), text, 32);
+  EXPECT_STREQ(text, L"Recurring");
   RECT area, strip;
-  GetWindowRect(tip, &area);
+  GetWindowRect(VisibleTip(), &area);
   GetWindowRect(strip_, &strip);
   EXPECT_EQ(area.right, strip.left + 20 - 2) << "ends left of the tap";
   EXPECT_EQ(area.bottom, strip.top + 8 - 2) << "ends above the tap";
@@ -217,32 +184,25 @@ TEST_F(IconStripTest, TheTipShowsOnlyWhileTheStylusStaysDown) {
 TEST_F(IconStripTest, LooksRightAtBothDensities) {
   for (int dpi : {96, 192}) {
     gScreen.dpiX = gScreen.dpiY = dpi;
-    HMODULE pictures = LoadLibraryW(dpi > 96 ? TW_LIBRARY_FOLDER L"\\HighDpiRes.dll"
-                                             : TW_LIBRARY_FOLDER L"\\LowDpiRes.dll");
-    std::swap(pictures, pictures_);
-    test::RecordingParent parent(ScaleX(120), ScaleY(30), 40, 400);
-    HWND collapsed = Make(true, parent.window(), {ScaleX(4), ScaleY(6)});
-    AddThree();
-    Make(false, parent.window(), {ScaleX(30), ScaleY(6)});
-    AddThree();
+    FreeLibrary(pictures_);
+    pictures_ = LoadLibraryW(dpi > 96 ? TW_LIBRARY_FOLDER L"\\HighDpiRes.dll" : TW_LIBRARY_FOLDER L"\\LowDpiRes.dll");
+    test::RecordingParent parent(ScaleX(120), ScaleY(30), 40, 400);  // its strips go with it
+    for (bool collapsed : {true, false}) {
+      Make(collapsed, parent.window(), {ScaleX(collapsed ? 4 : 30), ScaleY(6)});
+      AddThree();
+    }
     AddIconStripItem(strip_, L"Link", false, Picture(IDT_LINK), 64);
-    std::wstring path = parent.Save(L"icon-strip-" + std::to_wstring(dpi));
+    EXPECT_NE(test::SaveScreenshot(L"icon-strip-" + std::to_wstring(dpi), parent.window()), L"");
     EXPECT_TRUE(test::CheckLayout(parent.window()).empty());
-    tools::Capture shot = parent.Shot(strip_);
+    tools::Capture shot = test::Shot(strip_);
     EXPECT_EQ(shot.width, ScaleX(1 + 4 * 16));
     EXPECT_EQ(test::PixelAt(shot, ScaleX(2), shot.height - ScaleY(2)), RGB(80, 90, 170)) << "Note is off";
     EXPECT_EQ(test::PixelAt(shot, ScaleX(18), shot.height - ScaleY(2)), RGB(243, 243, 243)) << "Recurring is on";
     EXPECT_EQ(test::PixelAt(shot, ScaleX(16), ScaleY(8)), RGB(20, 20, 50)) << "between the cells";
     Press(20);
     ASSERT_TRUE(test::WaitFor([] { return VisibleTip() != nullptr; }, 2000));
-    std::wstring tipPath = parent.Save(L"tool-tip-" + std::to_wstring(dpi), VisibleTip());
+    EXPECT_NE(test::SaveScreenshot(L"tool-tip-" + std::to_wstring(dpi), VisibleTip()), L"");
     Release(20);
-    DestroyWindow(collapsed);
-    DestroyWindow(strip_);
-    strip_ = nullptr;
-    std::swap(pictures, pictures_);
-    FreeLibrary(pictures);
-    printf("screenshots %ls %ls\n", path.c_str(), tipPath.c_str());
   }
 }
 

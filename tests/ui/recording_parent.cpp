@@ -3,19 +3,15 @@
 #include <winternl.h>
 
 #include <cstdint>
-#include <string>
+#include <cstdio>
 
 #include "controls/scroller.h"
 #include "tests/ui/app_harness.h"
 
 namespace tw::test {
 
-constexpr wchar_t kClassName[] = L"TwRecordingParent";
-constexpr int kRowHeight = 20;
-
 std::ostream& operator<<(std::ostream& out, const Logged& entry) {
-  return out << "{message " << entry.message << ", id " << entry.id << ", code 0x" << std::hex << entry.code
-             << std::dec << "}";
+  return out << "{" << entry.message << ", " << entry.id << ", 0x" << std::hex << entry.code << std::dec << "}";
 }
 
 RecordingParent::RecordingParent(int width, int height, int x, int y) {
@@ -23,10 +19,10 @@ RecordingParent::RecordingParent(int width, int height, int x, int y) {
   type.lpfnWndProc = Procedure;
   type.hInstance = GetModuleHandleW(nullptr);
   type.hbrBackground = static_cast<HBRUSH>(GetStockObject(GRAY_BRUSH));
-  type.lpszClassName = kClassName;
+  type.lpszClassName = L"TwRecordingParent";
   RegisterClassW(&type);
-  window_ = CreateWindowExW(0, kClassName, L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, x, y, width, height,
-                            nullptr, nullptr, type.hInstance, this);
+  window_ = CreateWindowExW(0, type.lpszClassName, L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, x, y, width,
+                            height, nullptr, nullptr, type.hInstance, this);
 }
 
 LRESULT CALLBACK RecordingParent::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -48,34 +44,31 @@ LRESULT CALLBACK RecordingParent::Procedure(HWND window, UINT message, WPARAM wP
   return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// Rows alternate between two colours and carry their number.
+// Numbered rows in two colours, white below the content.
 LRESULT RecordingParent::DrawRows(HDC dc, LPARAM where) {
+  constexpr int kRow = 20;
   int position = LOWORD(where);
   drawnFrom.push_back(position);
-  RECT clip;
+  RECT clip, client;
   GetClipBox(dc, &clip);
   drawnClips.push_back(clip);
-  RECT client;
   GetClientRect(window_, &client);
   SetBkMode(dc, TRANSPARENT);
-  for (int y = -(position % kRowHeight); y < client.bottom; y += kRowHeight) {
-    int row = (position + y) / kRowHeight;
-    RECT area = {0, y, client.right, y + kRowHeight};
-    HBRUSH brush = CreateSolidBrush(row * kRowHeight >= contentHeight ? RGB(255, 255, 255)
-                                    : row % 2                        ? RGB(220, 230, 245)
-                                                                     : RGB(250, 250, 250));
+  for (int y = -(position % kRow); y < client.bottom; y += kRow) {
+    int row = (position + y) / kRow;
+    bool content = row * kRow < contentHeight;
+    RECT area = {0, y, client.right, y + kRow};
+    HBRUSH brush = CreateSolidBrush(!content ? RGB(255, 255, 255) : row % 2 ? RGB(220, 230, 245) : RGB(250, 250, 250));
     FillRect(dc, &area, brush);
     DeleteObject(brush);
-    if (row * kRowHeight >= contentHeight) continue;
     std::wstring text = L"Row " + std::to_wstring(row);
-    TextOutW(dc, 4, y + 3, text.c_str(), static_cast<int>(text.size()));
+    if (content) TextOutW(dc, 4, y + 3, text.c_str(), static_cast<int>(text.size()));
   }
   return contentHeight;
 }
 
-void RecordingParent::Settle() const {
-  UpdateWindow(window_);
-  RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+void Settle(HWND window) {
+  RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   // Wine hands the window's pixels to the X server shortly after the paint.
   for (int i = 0; i < 10; ++i) {
     Pump();
@@ -83,22 +76,27 @@ void RecordingParent::Settle() const {
   }
 }
 
-tools::Capture RecordingParent::Shot(HWND other) const {
+tools::Capture Shot(HWND window) {
+  Settle(window);
   RECT area;
-  GetWindowRect(other ? other : window_, &area);
+  GetWindowRect(window, &area);
   tools::Capture capture;
   tools::CaptureScreen(area, capture);
   return capture;
 }
 
-std::wstring RecordingParent::Save(const std::wstring& name, HWND other) const {
-  Settle();
-  std::wstring folder = TW_LIBRARY_FOLDER L"\\..\\screenshots";
-  CreateDirectoryW(folder.c_str(), nullptr);
-  folder += L"\\controls";
+std::wstring SaveScreenshot(const std::wstring& name, HWND window, RECT area) {
+  Settle(window);
+  if (IsRectEmpty(&area)) GetWindowRect(window, &area);
+  wchar_t program[MAX_PATH] = {};
+  GetModuleFileNameW(nullptr, program, MAX_PATH);
+  std::wstring folder = program;
+  folder = folder.substr(0, folder.find_last_of(L'\\')) + L"\\screenshots";
   CreateDirectoryW(folder.c_str(), nullptr);
   std::wstring path = folder + L"\\" + name + L".bmp";
-  tools::WriteBmp(path, Shot(other));
+  tools::Capture capture;
+  if (!tools::CaptureScreen(area, capture) || !tools::WriteBmp(path, capture)) return L"";
+  printf("screenshot %ls\n", path.c_str());
   return path;
 }
 

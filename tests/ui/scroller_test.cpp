@@ -3,9 +3,6 @@
 // and track have been used, with the real timers running.
 #include <gtest/gtest.h>
 
-#include <windowsx.h>
-
-#include <cstdio>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,72 +17,63 @@ namespace tw {
 namespace {
 
 using test::Logged;
+using test::PixelAt;
 
 // A 120 x 200 scroller: the bar column is x 107..120, the up arrow y 2..12
-// and the down arrow y 187..199.
+// and the down arrow y 187..199. A quick arrow tap coasts 8, 6 and 3.
 constexpr int kWidth = 120, kHeight = 200;
-constexpr int kBarX = 113, kUpArrowY = 6, kDownArrowY = 193;
+constexpr int kBarX = 113, kUp = 6, kDown = 193, kTap = 8 + 6 + 3;
+using Band = std::pair<LONG, LONG>;
 
 class ScrollerTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    gScreen.dpiX = gScreen.dpiY = 96;
-    pictures_ = LoadLibraryW(TW_PROGRAM_RESOURCES);
-  }
-  void TearDown() override {
-    if (scroller_) DestroyWindow(scroller_);
-    FreeLibrary(pictures_);
-  }
+  void SetUp() override { gScreen.dpiX = gScreen.dpiY = 96; }
+  void TearDown() override { DestroyWindow(scroller_), FreeLibrary(pictures_); }
 
-  HWND Make(int contentHeight, ScrollerOptions options = {}) {
+  void Make(int contentHeight, ScrollerOptions options = {}) {
+    DestroyWindow(scroller_);
     parent_.contentHeight = contentHeight;
     options.pictures = pictures_;
     scroller_ = CreateScroller(GetModuleHandleW(nullptr), parent_.window(), {0, 0, kWidth, kHeight},
                                L"TwTestScroller", options);
-    EXPECT_NE(scroller_, nullptr);
-    parent_.drawnFrom.clear();
-    return scroller_;
+    ASSERT_NE(scroller_, nullptr);
   }
   void Press(int x, int y) { SendMessageW(scroller_, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y)); }
   void Move(int x, int y) { SendMessageW(scroller_, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x, y)); }
   void Release(int x, int y) { SendMessageW(scroller_, WM_LBUTTONUP, 0, MAKELPARAM(x, y)); }
-  void Tap(int x, int y) {
-    Press(x, y);
-    Release(x, y);
-  }
-  // Lets the timers run for a while.
+  void Tap(int x, int y) { Press(x, y), Release(x, y); }
   static void Wait(int milliseconds) {
-    DWORD end = GetTickCount() + milliseconds;
-    while (static_cast<int>(end - GetTickCount()) > 0) {
-      test::Pump();
-      Sleep(5);
-    }
+    for (DWORD end = GetTickCount() + milliseconds; static_cast<int>(end - GetTickCount()) > 0; Sleep(5)) test::Pump();
   }
   int Position() const { return ScrollerPosition(scroller_); }
-  void ScrollTo(int position) {
-    SetScrollerPosition(scroller_, position);
-    UpdateWindow(scroller_);
+  void ScrollTo(int position) { SetScrollerPosition(scroller_, position), UpdateWindow(scroller_); }
+  void Repaint() {
+    parent_.drawnFrom.clear(), parent_.drawnClips.clear();
+    InvalidateRect(scroller_, nullptr, FALSE), UpdateWindow(scroller_);
+  }
+  // The clip boxes the parent was asked to draw into, as (top, bottom) of
+  // full-width bands; anything narrower shows as (-1, -1).
+  std::vector<Band> Bands() const {
+    std::vector<Band> bands;
+    for (const RECT& clip : parent_.drawnClips) bands.push_back(clip.left || clip.right != kWidth ? Band(-1, -1) : Band(clip.top, clip.bottom));
+    return bands;
   }
 
   test::RecordingParent parent_{240, 320};
-  HMODULE pictures_ = nullptr;
+  HMODULE pictures_ = LoadLibraryW(TW_PROGRAM_RESOURCES);
   HWND scroller_ = nullptr;
 };
 
 TEST_F(ScrollerTest, ContentThatFitsShowsNoBarAndPressesGoToTheParent) {
   Make(150);
-  parent_.Settle();
-  tools::Capture shot = parent_.Shot(scroller_);
-  // Row 7 (from y 140) is the last one; below it the parent paints white.
-  for (int y : {kUpArrowY, 100, kDownArrowY})
-    EXPECT_EQ(test::PixelAt(shot, kBarX, y), test::PixelAt(shot, 60, y)) << "bar drawn at y " << y;
-
-  Tap(kBarX, kDownArrowY);
-  Tap(kBarX, kUpArrowY);
+  tools::Capture shot = test::Shot(scroller_);
+  for (int y : {kUp, 100, kDown}) EXPECT_EQ(PixelAt(shot, kBarX, y), PixelAt(shot, 60, y)) << "bar drawn at y " << y;
+  Tap(kBarX, kDown);
+  Tap(kBarX, kUp);
   Move(kBarX, 50);
   Move(20, 50);
-  std::vector<Logged> expected = {{kScrollerPressed, 0, MAKELPARAM(kBarX, kDownArrowY)},
-                                  {kScrollerPressed, 0, MAKELPARAM(kBarX, kUpArrowY)},
+  std::vector<Logged> expected = {{kScrollerPressed, 0, MAKELPARAM(kBarX, kDown)},
+                                  {kScrollerPressed, 0, MAKELPARAM(kBarX, kUp)},
                                   {WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(20, 50)}};
   EXPECT_EQ(parent_.log, expected) << "releases and moves in the bar column stay with the scroller";
   EXPECT_EQ(Position(), 0);
@@ -94,43 +82,20 @@ TEST_F(ScrollerTest, ContentThatFitsShowsNoBarAndPressesGoToTheParent) {
 TEST_F(ScrollerTest, ContentThatShrinksPullsTheViewBack) {
   Make(1000);
   ScrollTo(700);
-  EXPECT_EQ(parent_.drawnFrom, (std::vector<int>{700}));
-
-  parent_.contentHeight = 300;
-  parent_.drawnFrom.clear();
-  InvalidateRect(scroller_, nullptr, FALSE);
-  UpdateWindow(scroller_);
-  EXPECT_EQ(parent_.drawnFrom, (std::vector<int>{700, 100})) << "asked again from content height - client height";
-  EXPECT_EQ(Position(), 100);
-
-  parent_.contentHeight = 120;
-  parent_.drawnFrom.clear();
-  InvalidateRect(scroller_, nullptr, FALSE);
-  UpdateWindow(scroller_);
-  EXPECT_EQ(parent_.drawnFrom, (std::vector<int>{100, 0})) << "never above the top";
-}
-
-std::string Box(const RECT& box) {
-  char text[48];
-  std::snprintf(text, sizeof text, "(%ld, %ld)-(%ld, %ld)", box.left, box.top, box.right, box.bottom);
-  return text;
-}
-std::vector<std::string> Boxes(const std::vector<RECT>& clips) {
-  std::vector<std::string> boxes;
-  for (const RECT& clip : clips) boxes.push_back(Box(clip));
-  return boxes;
-}
-// Full-width bands from top to bottom (not included).
-std::vector<std::string> Bands(std::initializer_list<std::pair<int, int>> topsAndBottoms) {
-  std::vector<std::string> bands;
-  for (auto [top, bottom] : topsAndBottoms) bands.push_back(Box({0, top, kWidth, bottom}));
-  return bands;
+  // The paint that finds the content shorter asks again from the new limit.
+  const struct { int content; std::vector<int> drawnFrom; } cases[] = {{300, {700, 100}}, {120, {100, 0}}};
+  for (const auto& c : cases) {
+    parent_.contentHeight = c.content;
+    Repaint();
+    EXPECT_EQ(parent_.drawnFrom, c.drawnFrom) << "content " << c.content;
+  }
 }
 
 // Rows still in view move along; the parent draws only the band that comes
 // in, yet the window shows what a full paint at the new place shows.
 TEST_F(ScrollerTest, AScrollStepMovesTheRowsInViewAndAsksOnlyForTheNewBand) {
   for (bool barOnLeft : {false, true}) {
+    SCOPED_TRACE(barOnLeft ? "bar on the left" : "bar on the right");
     ScrollerOptions options;
     options.barOnLeft = barOnLeft;
     Make(1000, options);
@@ -139,108 +104,75 @@ TEST_F(ScrollerTest, AScrollStepMovesTheRowsInViewAndAsksOnlyForTheNewBand) {
     parent_.drawnClips.clear();
     ScrollTo(310);
     ScrollTo(293);
-    Tap(barX, kDownArrowY);  // coasts on by 8, 6 and 3
-    EXPECT_EQ(Boxes(parent_.drawnClips), Bands({{190, 200}, {0, 17}, {192, 200}, {194, 200}, {197, 200}}));
+    Tap(barX, kDown);
+    EXPECT_EQ(Bands(), (std::vector<Band>{{190, 200}, {0, 17}, {192, 200}, {194, 200}, {197, 200}}));
     EXPECT_EQ(Position(), 310);
-    parent_.Settle();
-    tools::Capture stepped = parent_.Shot(scroller_);
-
-    parent_.drawnClips.clear();
-    InvalidateRect(scroller_, nullptr, FALSE);
-    parent_.Settle();
-    EXPECT_EQ(Boxes(parent_.drawnClips), Bands({{0, kHeight}})) << "a paint asks for everything";
-    tools::Capture full = parent_.Shot(scroller_);
-    EXPECT_TRUE(stepped.rows == full.rows) << (barOnLeft ? "bar on the left" : "bar on the right");
-
-    parent_.drawnClips.clear();
-    Tap(barX, 150);  // the press shows the pressed track, the release a page further on
-    EXPECT_EQ(Boxes(parent_.drawnClips), Bands({{0, kHeight}, {0, kHeight}}));
-    DestroyWindow(scroller_);
+    tools::Capture stepped = test::Shot(scroller_);
+    Repaint();
+    EXPECT_EQ(Bands(), (std::vector<Band>{{0, kHeight}})) << "a paint asks for everything";
+    EXPECT_TRUE(stepped.rows == test::Shot(scroller_).rows);
   }
-  scroller_ = nullptr;
 }
 
-TEST_F(ScrollerTest, TwoQuickArrowPressesJumpToThatEnd) {
-  ScrollerOptions fast;
-  fast.fastJump = true;
-  Make(1000, fast);
-  Tap(kBarX, kDownArrowY);
-  Tap(kBarX, kDownArrowY);
-  EXPECT_EQ(Position(), 800) << "the end of the content";
-  Wait(150);
-  Tap(kBarX, kUpArrowY);
-  Tap(kBarX, kUpArrowY);
-  EXPECT_EQ(Position(), 0);
-
-  // 200 ms apart, each press only starts the repeat and its release coasts on.
-  Tap(kBarX, kDownArrowY);
-  Wait(200);
-  Tap(kBarX, kDownArrowY);
-  EXPECT_EQ(Position(), 2 * (8 + 6 + 3));
-  EXPECT_TRUE(parent_.log.empty());
-}
-
-TEST_F(ScrollerTest, AnArrowHeldDownRepeatsAndWithoutFastJumpNeverJumps) {
+TEST_F(ScrollerTest, AnArrowHeldDownRepeatsThenCoasts) {
   Make(1000);
-  Press(kBarX, kDownArrowY);
+  Press(kBarX, kDown);
   Wait(300);
   int repeated = Position();
   EXPECT_GE(repeated, 20) << "a step of 10 every 70 ms";
   EXPECT_EQ(repeated % 10, 0);
-  Release(kBarX, kDownArrowY);
-  EXPECT_EQ(Position(), repeated + 8 + 6 + 3) << "coasting on after the release";
-
-  Tap(kBarX, kDownArrowY);
-  Tap(kBarX, kDownArrowY);
-  EXPECT_EQ(Position(), repeated + 3 * 17);
+  Release(kBarX, kDown);
+  EXPECT_EQ(Position(), repeated + kTap) << "coasting on after the release";
 }
 
-TEST_F(ScrollerTest, CoastingStopsAtEitherEnd) {
-  Make(1000);
-  ScrollTo(790);
-  Tap(kBarX, kDownArrowY);
-  EXPECT_EQ(Position(), 800);
-  ScrollTo(10);
-  Tap(kBarX, kUpArrowY);
-  EXPECT_EQ(Position(), 0);
-  // Arrows that cannot move do nothing, not even coast.
-  Tap(kBarX, kUpArrowY);
-  EXPECT_EQ(Position(), 0);
+// Two taps on an arrow, `apart` ms apart: each coasts, stopping at the ends
+// (an arrow that cannot move does not even coast); with fast jump, two
+// within 110 ms jump to that end.
+TEST_F(ScrollerTest, ArrowTapsCoastStopAtTheEndsAndJumpWhenQuick) {
+  const struct { bool fastJump; int from, y, apart, to; } cases[] = {
+      {false, 0, kDown, 0, 2 * kTap}, {false, 790, kDown, 0, 800}, {false, 10, kUp, 0, 0}, {false, 0, kUp, 0, 0},
+      {true, 0, kDown, 0, 800},       {true, 500, kUp, 0, 0},      {true, 0, kDown, 200, 2 * kTap}};
+  for (const auto& c : cases) {
+    ScrollerOptions options;
+    options.fastJump = c.fastJump;
+    Make(1000, options);
+    ScrollTo(c.from);
+    Tap(kBarX, c.y);
+    Wait(c.apart);
+    Tap(kBarX, c.y);
+    EXPECT_EQ(Position(), c.to) << "fast jump " << c.fastJump << ", from " << c.from << ", " << c.apart << " ms apart";
+  }
   EXPECT_TRUE(parent_.log.empty());
 }
 
 TEST_F(ScrollerTest, DraggingTheThumbFollowsTheStylusAndAboveTheWindowCountsAsTheTop) {
   Make(1000);
-  // Half way, the 12-pixel thumb sits in the middle of its travel (14..186): y 94..106.
-  ScrollTo(400);
+  ScrollTo(400);  // the 12-pixel thumb sits half way along its travel 14..186: y 94..106
   Press(kBarX, 100);
-  Move(kBarX, 120);
-  EXPECT_EQ(Position(), 500) << "20 of 160 pixels of travel move an eighth of 800";
-  Move(kBarX, 120);
-  EXPECT_EQ(Position(), 500);
-  // Above the top edge while captured: y arrives as 65506, which must count as 0.
-  Move(kBarX, -30);
-  EXPECT_EQ(Position(), 0);
-  Move(kBarX, 100);
-  EXPECT_EQ(Position(), 500);
-  Move(10, 100);  // leaving the bar column ends the drag
-  Move(kBarX, 150);
-  EXPECT_EQ(Position(), 500);
+  // 20 of 160 pixels of travel move an eighth of 800; above the top edge y
+  // arrives as 65506, which counts as 0; leaving the bar column ends the drag.
+  const struct { int x, y, position; } moves[] = {
+      {kBarX, 120, 500}, {kBarX, 120, 500}, {kBarX, -30, 0}, {kBarX, 100, 500}, {10, 100, 500}, {kBarX, 150, 500}};
+  for (const auto& m : moves) {
+    Move(m.x, m.y);
+    EXPECT_EQ(Position(), m.position) << "moved to " << m.x << ", " << m.y;
+  }
   Release(kBarX, 150);
   EXPECT_TRUE(parent_.log.empty());
 }
 
 TEST_F(ScrollerTest, TouchingTheTrackPagesOnRelease) {
   Make(1000);
-  Press(kBarX, 150);  // below the thumb at 14..26
+  Press(kBarX, 150);
   EXPECT_EQ(Position(), 0) << "the page moves only when the stylus lifts";
   Release(kBarX, 150);
-  EXPECT_EQ(Position(), 200);
-  Tap(kBarX, 30);  // above the thumb, now at 54..66
-  EXPECT_EQ(Position(), 0);
-  ScrollTo(700);
-  Tap(kBarX, 180);  // below the thumb at 154..166, with only 100 left to go
-  EXPECT_EQ(Position(), 800) << "a page past the end stops at the end";
+  // Below or above the thumb; a page past the end stops at the end.
+  const struct { int from, y, to; } cases[] = {{200, 30, 0}, {0, 150, 200}, {700, 180, 800}, {100, 30, 0}};
+  for (const auto& c : cases) {
+    ScrollTo(c.from);
+    Tap(kBarX, c.y);
+    EXPECT_EQ(Position(), c.to) << "from " << c.from << " touching y " << c.y;
+  }
 }
 
 TEST_F(ScrollerTest, PressesReportTheFirstHitBandHoldingThem) {
@@ -248,16 +180,12 @@ TEST_F(ScrollerTest, PressesReportTheFirstHitBandHoldingThem) {
   AddScrollerHitBand(scroller_, {7, 0, 19});
   AddScrollerHitBand(scroller_, {8, 20, 39});
   AddScrollerHitBand(scroller_, {9, 30, 59});
-  for (int y : {19, 35, 59, 60}) Tap(20, y);
-  ClearScrollerHitBands(scroller_);
-  Tap(20, 0);
-  std::vector<Logged> expected = {
-      {kScrollerPressed, 7, MAKELPARAM(20, 19)}, {WM_LBUTTONUP, 0, MAKELPARAM(20, 19)},
-      {kScrollerPressed, 8, MAKELPARAM(20, 35)}, {WM_LBUTTONUP, 0, MAKELPARAM(20, 35)},
-      {kScrollerPressed, 9, MAKELPARAM(20, 59)}, {WM_LBUTTONUP, 0, MAKELPARAM(20, 59)},
-      {kScrollerPressed, 0, MAKELPARAM(20, 60)}, {WM_LBUTTONUP, 0, MAKELPARAM(20, 60)},
-      {kScrollerPressed, 0, MAKELPARAM(20, 0)},  {WM_LBUTTONUP, 0, MAKELPARAM(20, 0)},
-  };
+  std::vector<Logged> expected;
+  for (auto [y, band] : std::initializer_list<std::pair<int, int>>{{19, 7}, {35, 8}, {59, 9}, {60, 0}, {0, 0}}) {
+    if (y == 0) ClearScrollerHitBands(scroller_);
+    Tap(20, y);
+    expected.insert(expected.end(), {{kScrollerPressed, WPARAM(band), MAKELPARAM(20, y)}, {WM_LBUTTONUP, 0, MAKELPARAM(20, y)}});
+  }
   EXPECT_EQ(parent_.log, expected);
 }
 
@@ -265,12 +193,10 @@ TEST_F(ScrollerTest, WithoutTheBarOnlyArrowsThatCanMoveShow) {
   ScrollerOptions arrowsOnly;
   arrowsOnly.showBar = false;
   Make(1000, arrowsOnly);
-  parent_.Settle();
-  tools::Capture top = parent_.Shot(scroller_);
-  EXPECT_EQ(test::PixelAt(top, kBarX, kUpArrowY), test::PixelAt(top, 60, kUpArrowY)) << "no up arrow at the top";
-  EXPECT_NE(test::PixelAt(top, kBarX, kDownArrowY), test::PixelAt(top, 60, kDownArrowY)) << "a down arrow";
-  EXPECT_EQ(test::PixelAt(top, kBarX, 100), test::PixelAt(top, 60, 100)) << "no track";
-
+  tools::Capture top = test::Shot(scroller_);
+  EXPECT_EQ(PixelAt(top, kBarX, kUp), PixelAt(top, 60, kUp)) << "no up arrow at the top";
+  EXPECT_NE(PixelAt(top, kBarX, kDown), PixelAt(top, 60, kDown)) << "a down arrow";
+  EXPECT_EQ(PixelAt(top, kBarX, 100), PixelAt(top, 60, 100)) << "no track";
   Tap(kBarX, 100);  // no track to page with: the content's
   EXPECT_EQ(parent_.log.front(), (Logged{kScrollerPressed, 0, MAKELPARAM(kBarX, 100)}));
 }
@@ -283,22 +209,21 @@ TEST_F(ScrollerTest, ANewSizeStartsAtTheTop) {
   ScrollTo(300);
   MoveWindow(scroller_, 20, 20, kWidth, kHeight + 40, TRUE);
   EXPECT_EQ(Position(), 300) << "a move alone keeps the place";
-  parent_.Settle();
-  tools::Capture shot = parent_.Shot(scroller_);
-  EXPECT_NE(test::PixelAt(shot, kBarX, kHeight + 40 - 7), test::PixelAt(shot, 60, kHeight + 40 - 7))
-      << "the down arrow at the new bottom";
+  tools::Capture shot = test::Shot(scroller_);
+  EXPECT_NE(PixelAt(shot, kBarX, kHeight + 33), PixelAt(shot, 60, kHeight + 33)) << "the down arrow at the new bottom";
 }
 
 TEST_F(ScrollerTest, LeavesNoGraphicsObjectsBehind) {
   Make(1000);
   DestroyWindow(scroller_);
+  scroller_ = nullptr;
   int before = test::CountGdiObjects();
   for (int i = 0; i < 100; ++i) {
     Make(1000);
     ScrollTo(i * 7);
     Tap(kBarX, 150);
-    DestroyWindow(scroller_);
   }
+  DestroyWindow(scroller_);
   scroller_ = nullptr;
   EXPECT_GT(before, 0) << "objects are counted";
   EXPECT_LE(test::CountGdiObjects(), before + 2);
@@ -308,28 +233,24 @@ TEST_F(ScrollerTest, LeavesNoGraphicsObjectsBehind) {
 TEST_F(ScrollerTest, LooksRightAtBothDensities) {
   for (int dpi : {96, 192}) {
     gScreen.dpiX = gScreen.dpiY = dpi;
-    HMODULE pictures = LoadLibraryW(dpi > 96 ? TW_LIBRARY_FOLDER L"\\HighDpiRes.dll"
-                                             : TW_LIBRARY_FOLDER L"\\LowDpiRes.dll");
-    test::RecordingParent parent(ScaleX(240), ScaleY(220), 300, 40);
+    FreeLibrary(pictures_);
+    pictures_ = LoadLibraryW(dpi > 96 ? TW_LIBRARY_FOLDER L"\\HighDpiRes.dll" : TW_LIBRARY_FOLDER L"\\LowDpiRes.dll");
+    test::RecordingParent parent(ScaleX(240), ScaleY(220), 300, 40);  // its scrollers go with it
     parent.contentHeight = 2000;
-    ScrollerOptions right, left;
-    right.pictures = left.pictures = pictures;
-    left.barOnLeft = true;
-    HINSTANCE instance = GetModuleHandleW(nullptr);
-    HWND a = CreateScroller(instance, parent.window(), {ScaleX(4), ScaleY(10), ScaleX(116), ScaleY(210)},
-                            L"TwTestScroller", right);
-    HWND b = CreateScroller(instance, parent.window(), {ScaleX(124), ScaleY(10), ScaleX(236), ScaleY(210)},
-                            L"TwTestScroller", left);
-    SetScrollerPosition(a, 600);
-    std::wstring path = parent.Save(L"scroller-" + std::to_wstring(dpi));
+    HWND scrollers[2];
+    for (bool left : {false, true}) {
+      ScrollerOptions options;
+      options.pictures = pictures_;
+      options.barOnLeft = left;
+      scrollers[left] = CreateScroller(GetModuleHandleW(nullptr), parent.window(),
+                                       {ScaleX(left ? 124 : 4), ScaleY(10), ScaleX(left ? 236 : 116), ScaleY(210)},
+                                       L"TwTestScroller", options);
+    }
+    SetScrollerPosition(scrollers[0], 600);
+    EXPECT_NE(test::SaveScreenshot(L"scroller-" + std::to_wstring(dpi), parent.window()), L"");
     EXPECT_TRUE(test::CheckLayout(parent.window()).empty());
-    tools::Capture shot = parent.Shot(a);
-    EXPECT_NE(test::PixelAt(shot, ScaleX(104), ScaleY(100)), test::PixelAt(shot, ScaleX(50), ScaleY(100)))
-        << "track at " << dpi << " dpi";
-    DestroyWindow(a);
-    DestroyWindow(b);
-    FreeLibrary(pictures);
-    printf("screenshot %ls\n", path.c_str());
+    tools::Capture shot = test::Shot(scrollers[0]);
+    EXPECT_NE(PixelAt(shot, ScaleX(104), ScaleY(100)), PixelAt(shot, ScaleX(50), ScaleY(100))) << "track at " << dpi;
   }
   gScreen.dpiX = gScreen.dpiY = 96;
 }
