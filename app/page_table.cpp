@@ -2,6 +2,7 @@
 
 #include "pages/about_page.h"
 #include "pages/calendar_page.h"
+#include "pages/tasks_page.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
 
@@ -22,7 +23,7 @@ constexpr int kShellCommands[] = {IDOK, IDCANCEL, IDM_CANCEL, IDM_APPLY_FONT_SIZ
 constexpr PageRow kPages[kPageCount] = {
     {kPageNameTexts[0], nullptr, 0, false, Block(0)},          // General
     {kPageNameTexts[1], MakeCalendarPage, 1, false, kCalendarPageIds},  // Calendar
-    {kPageNameTexts[2], nullptr, 2, false, Block(2)},          // Tasks
+    {kPageNameTexts[2], MakeTasksPage, 2, false, kTasksPageIds},  // Tasks
     {kPageNameTexts[3], nullptr, 3, false, Block(3)},          // Notes
     {kPageNameTexts[4], nullptr, 4, false, Block(4)},          // Messages
     {kPageNameTexts[5], nullptr, 5, false, Block(5)},          // Special events
