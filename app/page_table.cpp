@@ -2,6 +2,7 @@
 
 #include "pages/about_page.h"
 #include "pages/calendar_page.h"
+#include "pages/general_page.h"
 #include "pages/tasks_page.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
@@ -21,7 +22,7 @@ constexpr int kShellCommands[] = {IDOK, IDCANCEL, IDM_CANCEL, IDM_APPLY_FONT_SIZ
 
 // Pages are stored in the order 0, 1, 2, 3, 4, 5, 8, 7, 6, 9, 12.
 constexpr PageRow kPages[kPageCount] = {
-    {kPageNameTexts[0], nullptr, 0, false, Block(0)},          // General
+    {kPageNameTexts[0], MakeGeneralPage, 0, false, kGeneralPageIds},  // General
     {kPageNameTexts[1], MakeCalendarPage, 1, false, kCalendarPageIds},  // Calendar
     {kPageNameTexts[2], MakeTasksPage, 2, false, kTasksPageIds},  // Tasks
     {kPageNameTexts[3], nullptr, 3, false, Block(3)},          // Notes

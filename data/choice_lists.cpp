@@ -43,7 +43,7 @@ ChoiceList ListSkins(FileSystem& files, std::u16string_view skinsFolder, std::u1
   ChoiceList skins;
   std::int32_t count = 0;
   for (const DirectoryEntry& entry : files.List(skinsFolder, u"*.*")) {
-    if (!entry.isDirectory) continue;
+    if (!entry.plainFolder) continue;
     if (entry.name == currentSkin) skins.selected = static_cast<int>(skins.entries.size());
     skins.entries.push_back({entry.name, count++});
   }

@@ -24,6 +24,7 @@ class File {
 struct DirectoryEntry {
   std::u16string name;  // without the folder
   bool isDirectory = false;
+  bool plainFolder = false;  // a folder with no other attribute: not hidden, read-only or system
 };
 
 class FileSystem {

@@ -100,7 +100,8 @@ std::vector<DirectoryEntry> FolderFileSystem::List(std::u16string_view folder,
   std::error_code error;
   for (const auto& item : std::filesystem::directory_iterator(HostPath(folder), error)) {
     std::u16string name = Utf8ToUtf16(item.path().filename().string());
-    if (MatchesPattern(name, pattern)) entries.push_back({name, item.is_directory(error)});
+    bool folder = item.is_directory(error);
+    if (MatchesPattern(name, pattern)) entries.push_back({name, folder, folder});
   }
   return entries;
 }

@@ -94,7 +94,8 @@ std::vector<DirectoryEntry> Win32FileSystem::List(std::u16string_view folder, st
   do {
     std::wstring_view name = found.cFileName;
     if (name == L"." || name == L"..") continue;
-    entries.push_back({ToU16(name), (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+    DWORD attributes = found.dwFileAttributes;
+    entries.push_back({ToU16(name), (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0, attributes == FILE_ATTRIBUTE_DIRECTORY});
   } while (FindNextFileW(find, &found));
   FindClose(find);
   return entries;
