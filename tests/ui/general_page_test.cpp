@@ -302,6 +302,8 @@ TEST_F(GeneralTest, EveryTabFitsEachScreen) {
       SelectTab(tab);
       for (int row : {1, 3}) {
         if (Page()->List(tab) != nullptr) SelectRow({tab, row});
+        if (tab == kMainTab && row == kHeightRow.row)
+          EXPECT_EQ(GetText(EditorWindow(kNumberCombo)), FormatText(u"%d", {Settings().dHeightLimit}));
         RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
         for (const std::string& fault : CheckLayout(Window()))
           ADD_FAILURE() << "tab " << tab << " row " << row << ": " << fault;
