@@ -4,6 +4,8 @@
 #include "pages/calendar_page.h"
 #include "pages/colours_page.h"
 #include "pages/fonts_page.h"
+#include "pages/general_page.h"
+#include "pages/tasks_page.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
 
@@ -22,9 +24,9 @@ constexpr int kShellCommands[] = {IDOK, IDCANCEL, IDM_CANCEL, IDM_APPLY_FONT_SIZ
 
 // Pages are stored in the order 0, 1, 2, 3, 4, 5, 8, 7, 6, 9, 12.
 constexpr PageRow kPages[kPageCount] = {
-    {kPageNameTexts[0], nullptr, 0, false, Block(0)},          // General
+    {kPageNameTexts[0], MakeGeneralPage, 0, false, kGeneralPageIds},  // General
     {kPageNameTexts[1], MakeCalendarPage, 1, false, kCalendarPageIds},  // Calendar
-    {kPageNameTexts[2], nullptr, 2, false, Block(2)},          // Tasks
+    {kPageNameTexts[2], MakeTasksPage, 2, false, kTasksPageIds},  // Tasks
     {kPageNameTexts[3], nullptr, 3, false, Block(3)},          // Notes
     {kPageNameTexts[4], nullptr, 4, false, Block(4)},          // Messages
     {kPageNameTexts[5], nullptr, 5, false, Block(5)},          // Special events

@@ -50,8 +50,9 @@ std::u16string ComboText(HWND combo, int position) {
   return ToU16(text.data());
 }
 
-void ListViewPrepare(HWND list) {
-  SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+void ListViewPrepare(HWND list, bool checkBoxes) {
+  DWORD styles = LVS_EX_FULLROWSELECT | (checkBoxes ? LVS_EX_CHECKBOXES : 0);
+  SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, styles, styles);
   RECT area;
   GetClientRect(list, &area);
   LVCOLUMNW column = {};
@@ -83,6 +84,21 @@ std::u16string ListViewRowText(HWND list, int row) {
   item.cchTextMax = kMaxItemText;
   SendMessageW(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
   return ToU16(text);
+}
+
+// State image 1 is the empty box, 2 the ticked one.
+constexpr UINT kUncheckedImage = 1, kCheckedImage = 2;
+
+void ListViewSetChecked(HWND list, int row, bool checked) {
+  LVITEMW item = {};
+  item.stateMask = LVIS_STATEIMAGEMASK;
+  item.state = INDEXTOSTATEIMAGEMASK(checked ? kCheckedImage : kUncheckedImage);
+  SendMessageW(list, LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+}
+
+bool ListViewChecked(HWND list, int row) {
+  auto state = static_cast<UINT>(SendMessageW(list, LVM_GETITEMSTATE, row, LVIS_STATEIMAGEMASK));
+  return (state & LVIS_STATEIMAGEMASK) >> 12 != kUncheckedImage;
 }
 
 int ListViewCount(HWND list) { return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)); }

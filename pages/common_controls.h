@@ -32,8 +32,13 @@ int ComboSelection(HWND combo);
 int ComboCount(HWND combo);
 std::u16string ComboText(HWND combo, int position);
 
-// List view in report style with one column and no header: a plain row list.
-void ListViewPrepare(HWND list);
+// List view in report style with one column and no header: a plain row
+// list, or with check boxes a check list.
+void ListViewPrepare(HWND list, bool checkBoxes = false);
+// A check-list row is checked unless its state image is the unchecked box,
+// so a row without a state image reads as checked.
+void ListViewSetChecked(HWND list, int row, bool checked);
+bool ListViewChecked(HWND list, int row);
 void ListViewAddRow(HWND list, std::u16string_view text);
 void ListViewSetRowText(HWND list, int row, std::u16string_view text);
 std::u16string ListViewRowText(HWND list, int row);

@@ -1,6 +1,8 @@
 #include "pages/row_list_page.h"
 
 #include <algorithm>
+#include <cwchar>
+#include <optional>
 #include <utility>
 
 #include "base/scaling.h"
@@ -28,6 +30,10 @@ constexpr int kOrderListWidth = 160;
 constexpr int kOrderListHeight = 50;
 constexpr int kOrderButtonWidth = 50;
 constexpr int kOrderButtonHeight = 22;
+constexpr int kFormCheckHeight = 20;
+constexpr int kFormGap = 4;
+constexpr int kCheckRowHeight = 17;
+constexpr int kNumberTextLength = 256;
 
 // Ids within the frame's part of the page's block.
 enum FrameId {
@@ -41,6 +47,7 @@ enum FrameId {
   kOrderUpId,
   kOrderDownId,
   kOrderResetId,
+  kNumberComboId,
   kFirstListId,  // one per tab from here
 };
 static_assert(kFirstListId + 16 <= kRowListIdCount, "the frame's ids leave room for sixteen tabs");
@@ -53,13 +60,32 @@ constexpr DWORD kListStyle = WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL
 
 RECT Box(int left, int top, int width, int height) { return {left, top, left + width, top + height}; }
 
-CalendarDate Today() {
+std::optional<CalendarDate> gFixedToday;
+
+// What a user typed into a number combo; anything not a number reads as 0.
+std::int32_t TypedNumber(std::u16string text) {
+  if (text.size() > kNumberTextLength) text.resize(kNumberTextLength);
+  std::wstring wide = ToWide(text);
+  return static_cast<std::int32_t>(std::wcstol(wide.c_str(), nullptr, 0));
+}
+
+bool AnyRows(std::span<const RowTab> tabs) {
+  return std::any_of(tabs.begin(), tabs.end(), [](const RowTab& tab) { return !tab.rows.empty(); });
+}
+
+}  // namespace
+
+CalendarDate PageToday() {
+  if (gFixedToday) return *gFixedToday;
   SYSTEMTIME now;
   GetLocalTime(&now);
   return {now.wYear, now.wMonth, now.wDay, now.wDayOfWeek, 0, 0};
 }
 
-}  // namespace
+void FixPageToday(const CalendarDate* day) {
+  gFixedToday.reset();
+  if (day != nullptr) gFixedToday = *day;
+}
 
 WideString PageText(const PageContext& context, unsigned id) {
   WideString text;
@@ -77,11 +103,17 @@ RowListPage::RowListPage(const PageContext& context, std::span<const RowTab> tab
                          context.normalFont);
   for (const RowTab& tab : tabs_) TabAdd(tabStrip_, Text(tab.label).View());
   CreateLists();
-  CreateEditors();
-  CreateOrderEditor();
+  if (AnyRows(tabs_)) {
+    CreateEditors();
+    CreateOrderEditor();
+  }
+  CreateForms();
 }
 
-RowListPage::~RowListPage() { StoreShownRow(CurrentTab()); }
+RowListPage::~RowListPage() {
+  StoreShownRow(CurrentTab());
+  for (const FormWindows& form : forms_) StoreFormRow(form);
+}
 
 // Portrait pages put the editors below the list; pages wider than high
 // put them beside it, so the list keeps a useful height.
@@ -133,6 +165,9 @@ void RowListPage::CreateEditors() {
                              Box(area.left, below, width, ScaleY(kCheckHeight)), ids_.first + kCheckId, font);
   editor_.text = AddControl(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
                             Box(area.left, field, width, ScaleY(kFieldHeight)), ids_.first + kTextId, font);
+  editor_.numberCombo = AddControl(L"COMBOBOX", L"", CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL | WS_TABSTOP,
+                                   Box(area.left, field, width, ScaleY(kDropDownHeight)),
+                                   ids_.first + kNumberComboId, font);
   editors_ = {editor_.tip, editor_.caption, editor_.dropDown, editor_.check, editor_.text};
 }
 
@@ -157,7 +192,154 @@ void RowListPage::CreateOrderEditor() {
     *buttons[i].first = AddControl(L"BUTTON", AsWide(Text(buttons[i].second).Text()), BS_PUSHBUTTON | WS_TABSTOP,
                                    Box(places[i].x, places[i].y, buttonWidth, height), ids_.first + kOrderUpId + i,
                                    context().normalFont);
-  editors_.insert(editors_.end(), {orderList_, orderUp_, orderDown_, orderReset_});
+  editors_.insert(editors_.end(), {orderList_, orderUp_, orderDown_, orderReset_, editor_.numberCombo});
+}
+
+// Each form is a column of captioned controls from the top of the page;
+// pages wider than high go on in a second column what the first cannot
+// hold. A check list takes the rows it has, or what room is left.
+void RowListPage::CreateForms() {
+  int id = ids_.first + kRowListIdCount;
+  RECT page = PageArea();
+  int top = page.top + ScaleY(kGap), bottom = tabArea_.top - ScaleY(kGap);
+  int half = (page.right - 3 * ScaleX(kMargin)) / 2;
+  for (int tab = 0; tab < int(tabs_.size()); ++tab) {
+    std::vector<RECT> columns = {{ScaleX(kMargin), top, page.right - ScaleX(kMargin), bottom}};
+    if (page.right > page.bottom)
+      columns = {{ScaleX(kMargin), top, ScaleX(kMargin) + half, bottom},
+                 {page.right - ScaleX(kMargin) - half, top, page.right - ScaleX(kMargin), bottom}};
+    std::size_t column = 0;
+    for (const Row& row : tabs_[tab].form) {
+      if (columns[column].top + FormRowHeight(row) > bottom && column + 1 < columns.size()) ++column;
+      CreateFormRow(row, tab, columns[column], id);
+    }
+  }
+  firstOwnId_ = id;
+  for (const FormWindows& form : forms_) FillFormRow(form);
+}
+
+int RowListPage::FormRowHeight(const Row& row) const {
+  bool captioned = row.editor != EditorKind::Check && row.caption != 0;
+  int caption = captioned ? ScaleY(kCaptionHeight) + ScaleY(kLineGap) : 0;
+  switch (row.editor) {
+    case EditorKind::Check:
+      return ScaleY(kFormCheckHeight);
+    case EditorKind::CheckList:
+    case EditorKind::FlagList:
+      return caption + ScaleY(kCheckRowHeight) * int(row.items.size()) + ScaleY(kGap);
+    default:
+      return caption + ScaleY(kFieldHeight);
+  }
+}
+
+void RowListPage::CreateFormRow(const Row& row, int tab, RECT& area, int& id) {
+  HFONT font = context().normalFont;
+  int width = area.right - area.left;
+  int rowBottom = area.top + FormRowHeight(row);
+  FormWindows form = {tab, &row, nullptr, nullptr};
+  if (row.editor != EditorKind::Check && row.caption != 0) {
+    DWORD align = row.editor == EditorKind::Text ? SS_CENTER : SS_LEFT;
+    form.caption = AddControl(L"STATIC", AsWide(Text(row.caption).Text()), align | SS_NOPREFIX,
+                              Box(area.left, area.top, width, ScaleY(kCaptionHeight)), id++, context().boldFont);
+    area.top += ScaleY(kCaptionHeight) + ScaleY(kLineGap);
+  }
+  int height = std::min(rowBottom, int(area.bottom)) - area.top;
+  switch (row.editor) {
+    case EditorKind::Check:
+      form.control = AddControl(L"BUTTON", AsWide(Text(row.caption).Text()), BS_AUTOCHECKBOX | WS_TABSTOP,
+                                Box(area.left, area.top, width, height), id++, font);
+      break;
+    case EditorKind::Text:
+      form.control = AddControl(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
+                                Box(area.left, area.top, width, height), id++, font);
+      break;
+    case EditorKind::CheckList:
+    case EditorKind::FlagList:
+      form.control = AddControl(WC_LISTVIEWW, L"", kListStyle, Box(area.left, area.top, width, height), id++, font);
+      ListViewPrepare(form.control, true);
+      for (const CheckItem& item : row.items) ListViewAddRow(form.control, Text(item.label).View());
+      break;
+    default:
+      form.control = AddControl(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
+                                Box(area.left, area.top, width, ScaleY(kDropDownHeight)), id++, font);
+      break;
+  }
+  area.top += height + ScaleY(kFormGap);
+  forms_.push_back(form);
+}
+
+void RowListPage::FillFormRow(const FormWindows& form) {
+  const Row& row = *form.row;
+  HWND control = form.control;
+  if (control == nullptr) return;
+  SettingsStore& record = settings();
+  switch (row.editor) {
+    case EditorKind::Check:
+      SetChecked(control, (record.*row.number & 1) != 0);
+      break;
+    case EditorKind::Text:
+      SetText(control, (record.*row.text).View());
+      break;
+    case EditorKind::CheckList:
+      for (int i = 0; i < int(row.items.size()); ++i) ListViewSetChecked(control, i, record.*row.items[i].field == 1);
+      break;
+    case EditorKind::FlagList:
+      for (int i = 0; i < int(row.items.size()); ++i)
+        ListViewSetChecked(control, i, (record.*row.number & row.items[i].flag) != 0);
+      break;
+    default:
+      FillChoices(row, control);
+      break;
+  }
+}
+
+void RowListPage::StoreFormRow(const FormWindows& form) {
+  const Row& row = *form.row;
+  HWND control = form.control;
+  if (control == nullptr) return;
+  SettingsStore& record = settings();
+  switch (row.editor) {
+    case EditorKind::Check:
+      record.*row.number = IsChecked(control) ? 1 : 0;
+      break;
+    case EditorKind::Text: {
+      std::u16string text = GetText(control);
+      if (text.size() > kFormTextLength) text.resize(kFormTextLength);
+      (record.*row.text).Assign(text);
+      break;
+    }
+    case EditorKind::CheckList:
+      for (int i = 0; i < int(row.items.size()); ++i) record.*row.items[i].field = ListViewChecked(control, i) ? 1 : 0;
+      break;
+    case EditorKind::FlagList: {
+      std::int32_t value = 0;
+      for (int i = 0; i < int(row.items.size()); ++i)
+        if (ListViewChecked(control, i)) value |= row.items[i].flag;
+      record.*row.number = value;
+      break;
+    }
+    default: {
+      int position = ComboSelection(control);
+      if (position >= 0) record.*row.number = row.rule(position);
+      break;
+    }
+  }
+}
+
+const RowListPage::FormWindows* RowListPage::FindForm(int tab, int row) const {
+  for (const FormWindows& form : forms_)
+    if (form.tab == tab && row-- == 0) return &form;
+  return nullptr;
+}
+
+HWND RowListPage::FormControl(int tab, int row) const {
+  const FormWindows* form = FindForm(tab, row);
+  return form ? form->control : nullptr;
+}
+
+HWND RowListPage::FormCaption(int tab, int row) const {
+  const FormWindows* form = FindForm(tab, row);
+  return form ? form->caption : nullptr;
 }
 
 int RowListPage::CurrentTab() const { return tabStrip_ ? TabSelection(tabStrip_) : -1; }
@@ -190,6 +372,11 @@ void RowListPage::ShowTab(int tab, int showCommand) {
   if (list != nullptr) {
     ShowWindow(list, showCommand);
     SetWindowPos(list, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+  } else if (tab >= 0 && tab < int(tabs_.size()) && !tabs_[tab].form.empty()) {
+    for (const FormWindows& form : forms_)
+      if (form.tab == tab)
+        for (HWND window : {form.caption, form.control})
+          if (window != nullptr) ShowWindow(window, showCommand);
   } else {
     ShowOwnTab(tab, showCommand);
   }
@@ -215,14 +402,29 @@ void RowListPage::Fill(int rowNumber, int tab) {
   const Row* row = RowAt(rowNumber, tab);
   if (row == nullptr) return;
   ComboClear(editor_.dropDown);
+  ComboClear(editor_.numberCombo);
   HideEditors();
   SettingsStore& record = settings();
   switch (row->editor) {
     case EditorKind::DropDown:
-      FillChoices(*row);
+      FillChoices(*row, editor_.dropDown);
       ShowEditor(editor_.caption, row->caption);
       ShowEditor(editor_.dropDown, 0);
       break;
+    case EditorKind::NumberCombo:
+      FillChoices(*row, editor_.numberCombo);
+      SetText(editor_.numberCombo, FormatText(u"%d", {record.*row->number}));
+      ShowEditor(editor_.caption, row->caption);
+      ShowEditor(editor_.numberCombo, 0);
+      break;
+    case EditorKind::TextDropDown:
+      FillTextChoices(*row);
+      ShowEditor(editor_.caption, row->caption);
+      ShowEditor(editor_.dropDown, 0);
+      break;
+    case EditorKind::CheckList:
+    case EditorKind::FlagList:
+      break;  // form rows only
     case EditorKind::Check:
       SetChecked(editor_.check, (record.*row->number & 1) != 0);
       ShowEditor(editor_.check, row->caption);
@@ -240,10 +442,12 @@ void RowListPage::Fill(int rowNumber, int tab) {
   ShowEditor(editor_.tip, row->editor == EditorKind::Order ? row->name : row->tip);
 }
 
+ChoiceContext RowListPage::Choosing() { return {locale_, PageToday(), context()}; }
+
 // Adds the row's entries and selects the one whose value is the setting's;
-// none when no entry has it (a value from an older version, say).
-void RowListPage::FillChoices(const Row& row) {
-  HWND combo = editor_.dropDown;
+// the row's fallback, or none, when no entry has it (a value from an older
+// version, say).
+void RowListPage::FillChoices(const Row& row, HWND combo) {
   const Choices& choices = row.choices;
   switch (choices.kind) {
     case Choices::Kind::None:
@@ -261,14 +465,22 @@ void RowListPage::FillChoices(const Row& row) {
       for (int i = 0; i < choices.count; ++i) ComboAdd(combo, FormatText(u"%d", {choices.firstNumber + i}));
       break;
     case Choices::Kind::Generated:
-      for (const std::u16string& text : choices.generate({locale_, Today()})) ComboAdd(combo, text);
+      for (const std::u16string& text : choices.generate(Choosing())) ComboAdd(combo, text);
       break;
   }
-  std::int32_t value = settings().*row.number;
+  std::int32_t& value = settings().*row.number;
+  if (row.fillRule != nullptr) value = row.fillRule(value);
   int selected = -1;
   for (int position = 0, count = ComboCount(combo); position < count && selected < 0; ++position)
     if (row.rule(position) == value) selected = position;
-  ComboSelect(combo, selected);
+  ComboSelect(combo, selected < 0 ? row.fallback : selected);
+}
+
+void RowListPage::FillTextChoices(const Row& row) {
+  TextChoices choices = row.textChoices(Choosing());
+  for (const std::u16string& text : choices.shown) ComboAdd(editor_.dropDown, text);
+  storedTexts_ = std::move(choices.stored);
+  ComboSelect(editor_.dropDown, choices.selected);
 }
 
 // A drop-down left without a selection keeps the setting as it was.
@@ -292,8 +504,18 @@ void RowListPage::Store(int rowNumber, int tab) {
     case EditorKind::Text:
       (record.*row->text).Assign(GetText(editor_.text));
       break;
+    case EditorKind::NumberCombo:
+      record.*row->number = TypedNumber(GetText(editor_.numberCombo));
+      break;
+    case EditorKind::TextDropDown: {
+      int position = ComboSelection(editor_.dropDown);
+      if (position >= 0 && position < int(storedTexts_.size())) (record.*row->text).Assign(storedTexts_[position]);
+      break;
+    }
     case EditorKind::Order:
-      break;  // every move is written at once
+    case EditorKind::CheckList:
+    case EditorKind::FlagList:
+      break;  // every move is written at once; check lists are form rows
   }
 }
 

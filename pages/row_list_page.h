@@ -12,6 +12,16 @@
 // A row is filled when it is selected and stored when it loses the
 // selection, when the tab changes, when the page is hidden and when it is
 // destroyed, so the record always holds what the editors show.
+//
+// A tab may instead be a plain form: the same kinds of row, each with a
+// control of its own, all filled when the page is built and all stored, in
+// table order, when it is destroyed.
+//
+//   constexpr Row kFoldingForm[] = {
+//       FormCheck(40770, &S::TsksUseSmartFolding),
+//       FormDropDown(40771, &S::TsksFoldingType, TextRange(40408, 3)),
+//   };
+//   constexpr RowTab kTabs[] = {{40763, {}, kFoldingForm}};
 #pragma once
 
 #include <windows.h>
@@ -28,14 +38,36 @@
 
 namespace tw {
 
-enum class EditorKind { DropDown, Check, Text, Order };
+// NumberCombo: a drop-down whose text may also be typed, read as a number.
+// TextDropDown: a drop-down storing a text (a path, a name) per entry.
+// CheckList: one check row per setting (set when 1); FlagList: one check
+// row per flag of a single setting. Both only on forms.
+enum class EditorKind { DropDown, Check, Text, Order, NumberCombo, TextDropDown, CheckList, FlagList };
 
-// What a generator of choices may use: the user's locale and today.
+struct PageContext;
+
+// What a generator of choices may use: the user's locale, today and the page.
 struct ChoiceContext {
   Locale& locale;
   CalendarDate today;
+  const PageContext& page;
 };
 using ChoiceGenerator = std::vector<std::u16string> (*)(const ChoiceContext&);
+
+// Today as the pages see it: the local date, or the day fixed with
+// FixPageToday, so that month and year ends can be reached at will.
+CalendarDate PageToday();
+// Null returns to the clock.
+void FixPageToday(const CalendarDate* day);
+
+// Entries shown and the text each one stores, with the entry to select (-1
+// for none).
+struct TextChoices {
+  std::vector<std::u16string> shown;
+  std::vector<std::u16string> stored;
+  int selected = -1;
+};
+using TextChoiceGenerator = TextChoices (*)(const ChoiceContext&);
 
 // The entries of a drop-down, in position order.
 struct Choices {
@@ -73,6 +105,9 @@ constexpr std::int32_t PositionPlusOne(int position) { return position + 1; }
 
 // Sees the value about to be stored and returns the one to store.
 using StoreCheck = std::int32_t (*)(const PageContext& page, std::int32_t value);
+// Brings a setting into the entries' range before it is shown; the setting
+// takes the result.
+using FillRule = std::int32_t (*)(std::int32_t value);
 
 using NumberField = std::int32_t SettingsStore::*;
 using TextField = WideString SettingsStore::*;
@@ -82,6 +117,14 @@ using TextField = WideString SettingsStore::*;
 struct OrderSpec {
   std::span<const NumberField> places;
   unsigned firstPartText;
+};
+
+// A row of a check list: its label and either its own setting (CheckList)
+// or its flag in the list's setting (FlagList).
+struct CheckItem {
+  unsigned label;
+  NumberField field = nullptr;
+  std::int32_t flag = 0;
 };
 
 struct Row {
@@ -95,6 +138,10 @@ struct Row {
   ValueRule rule = AsPosition;
   StoreCheck check = nullptr;
   const OrderSpec* order = nullptr;
+  TextChoiceGenerator textChoices = nullptr;
+  FillRule fillRule = nullptr;
+  int fallback = -1;  // the entry selected when none has the setting's value
+  std::span<const CheckItem> items = {};
 };
 
 constexpr Row DropDown(unsigned name, NumberField field, unsigned caption, unsigned tip, Choices choices,
@@ -113,11 +160,47 @@ constexpr Row OrderRow(unsigned name, const OrderSpec& order) {
   return {.name = name, .editor = EditorKind::Order, .order = &order};
 }
 
-// A tab of the page: its label and rows. A tab without rows shows controls
-// of the page's own instead (ShowOwnTab).
+// Drop-down whose entries may also be typed over; the text is read as a
+// number in C's automatic base ("0x" hexadecimal, a leading "0" octal), so
+// values outside the list are kept.
+constexpr Row NumberCombo(unsigned name, NumberField field, unsigned caption, unsigned tip, Choices choices) {
+  return {.name = name, .editor = EditorKind::NumberCombo, .number = field, .caption = caption, .tip = tip,
+          .choices = choices};
+}
+constexpr Row TextDropDown(unsigned name, TextField field, unsigned caption, unsigned tip,
+                           TextChoiceGenerator choices) {
+  return {.name = name, .editor = EditorKind::TextDropDown, .text = field, .caption = caption, .tip = tip,
+          .textChoices = choices};
+}
+
+// Form rows: a caption and a control, no name or tip.
+constexpr Row FormDropDown(unsigned caption, NumberField field, Choices choices, ValueRule rule = AsPosition,
+                           int fallback = -1) {
+  return {.name = 0, .editor = EditorKind::DropDown, .number = field, .caption = caption, .choices = choices,
+          .rule = rule, .fallback = fallback};
+}
+constexpr Row FormCheck(unsigned caption, NumberField field) {
+  return {.name = 0, .editor = EditorKind::Check, .number = field, .caption = caption};
+}
+// Free text, at most kFormTextLength characters read back.
+constexpr Row FormText(unsigned caption, TextField field) {
+  return {.name = 0, .editor = EditorKind::Text, .text = field, .caption = caption};
+}
+constexpr Row CheckList(unsigned caption, std::span<const CheckItem> items) {
+  return {.name = 0, .editor = EditorKind::CheckList, .caption = caption, .items = items};
+}
+// The setting is rebuilt from the listed flags alone: flags not listed are cleared.
+constexpr Row FlagList(unsigned caption, NumberField field, std::span<const CheckItem> items) {
+  return {.name = 0, .editor = EditorKind::FlagList, .number = field, .caption = caption, .items = items};
+}
+inline constexpr int kFormTextLength = 255;
+
+// A tab of the page: its label and rows, or its form. A tab with neither
+// shows controls of the page's own instead (ShowOwnTab).
 struct RowTab {
   unsigned label;
   std::span<const Row> rows;
+  std::span<const Row> form = {};
 };
 
 // Ids the frame takes from the start of the page's block; the page's own
@@ -144,6 +227,9 @@ class RowListPage : public SettingsPage {
   HWND TabStrip() const { return tabStrip_; }
   HWND List(int tab) const;
   const std::vector<HWND>& EditorWindows() const { return editors_; }
+  // The control of a form's row (from 0) and its caption (null for none).
+  HWND FormControl(int tab, int row) const;
+  HWND FormCaption(int tab, int row) const;
   HWND OrderList() const { return orderList_; }
 
  protected:
@@ -151,11 +237,16 @@ class RowListPage : public SettingsPage {
   virtual void ShowOwnTab(int /*tab*/, int /*showCommand*/) {}
   // The area where a tab's list lies, for a tab of the page's own.
   RECT ListArea() const { return listArea_; }
-  int FirstOwnId() const { return ids_.first + kRowListIdCount; }
+  int FirstOwnId() const { return firstOwnId_; }
 
  private:
   struct Editors {
-    HWND tip, caption, dropDown, check, text;
+    HWND tip, caption, dropDown, check, text, numberCombo;
+  };
+  struct FormWindows {
+    int tab;
+    const Row* row;
+    HWND caption, control;
   };
 
   const Row* RowAt(int row, int tab) const;
@@ -163,9 +254,17 @@ class RowListPage : public SettingsPage {
   void CreateLists();
   void CreateEditors();
   void CreateOrderEditor();
+  void CreateForms();
+  int FormRowHeight(const Row& row) const;
+  void CreateFormRow(const Row& row, int tab, RECT& area, int& id);
+  void FillFormRow(const FormWindows& form);
+  void StoreFormRow(const FormWindows& form);
+  const FormWindows* FindForm(int tab, int row) const;
   void ShowTab(int tab, int showCommand);
   void HideEditors();
-  void FillChoices(const Row& row);
+  void FillChoices(const Row& row, HWND combo);
+  void FillTextChoices(const Row& row);
+  ChoiceContext Choosing();
   void FillOrder(const OrderSpec& order);
   void MoveOrderPart(int by);
   void ResetOrder();
@@ -180,6 +279,9 @@ class RowListPage : public SettingsPage {
   std::vector<HWND> lists_;  // null for a tab of the page's own
   Editors editor_ = {};
   std::vector<HWND> editors_;  // every row editor, for hiding them all
+  std::vector<FormWindows> forms_;
+  std::vector<std::u16string> storedTexts_;  // what each entry of a TextDropDown stores
+  int firstOwnId_ = 0;
   HWND orderList_ = nullptr, orderUp_ = nullptr, orderDown_ = nullptr, orderReset_ = nullptr;
   const OrderSpec* shownOrder_ = nullptr;
   RECT listArea_ = {}, editorArea_ = {}, tabArea_ = {};

@@ -1,0 +1,325 @@
+// The General page driven through its real controls: rows selected and
+// edited as a user would, the tab bar form, the language, skin and font
+// lists; then Done and the registry checked.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "app/shell.h"
+#include "base/scaling.h"
+#include "pages/common_controls.h"
+#include "pages/general_page.h"
+#include "platform/win32/wide.h"
+#include "resources/resource_ids.h"
+#include "settings/schema.h"
+#include "tests/ui/app_harness.h"
+#include "tests/ui/layout_check.h"
+#include "tools/screen_capture.h"
+
+namespace tw::test {
+namespace {
+
+constexpr int kGeneralSlot = 0, kTasksSlot = 2;
+constexpr int kMainTab = 0, kTabBarTab = 1, kDrawingTab = 2;
+enum Editor { kTip, kCaption, kDropDown, kCheck, kText, kNumberCombo = 9 };
+struct RowAt {
+  int tab, row;  // row from 1
+};
+constexpr RowAt kTapRow{0, 1}, kDoubleTapRow{0, 2}, kHeightRow{0, 3}, kLanguageRow{0, 5}, kSkinRow{0, 6},
+    kFontRow{0, 10}, kLoadingDelayRow{2, 8};
+constexpr char16_t kSkins[] = u"\\twtest\\Skins";
+
+template <typename Field>
+const ValueSpec* SpecOf(Field field) {
+  for (const KeySpec* key : ProductKeys())
+    for (const ValueSpec& value : key->values) {
+      if constexpr (std::is_same_v<Field, NumberField>) {
+        if (value.dword == field) return &value;
+      } else if (value.string == field) {
+        return &value;
+      }
+    }
+  return nullptr;
+}
+
+const char16_t* KeyOf(const ValueSpec* spec) {
+  for (const KeySpec* key : ProductKeys())
+    for (const ValueSpec& value : key->values)
+      if (&value == spec) return key->path;
+  return nullptr;
+}
+
+class GeneralTest : public AppTest {
+ protected:
+  GeneralPage* OpenPage() {
+    if (Window() == nullptr) Start();
+    SelectPage(kGeneralSlot);
+    return Page();
+  }
+  GeneralPage* Page() { return static_cast<GeneralPage*>(Shell().slots[kGeneralSlot].get()); }
+  HWND EditorWindow(Editor editor) { return Page()->EditorWindows()[editor]; }
+  void SelectTab(int tab) {
+    HWND strip = Page()->TabStrip();
+    NMHDR header = {strip, static_cast<UINT_PTR>(GetDlgCtrlID(strip)), static_cast<UINT>(TCN_SELCHANGING)};
+    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    TabSelect(strip, tab);
+    header.code = TCN_SELCHANGE;
+    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+  }
+  void SelectRow(RowAt at) {
+    if (Page()->CurrentTab() != at.tab) SelectTab(at.tab);
+    ListViewSelect(Page()->List(at.tab), at.row - 1);
+  }
+  void Deselect() { ListViewSelect(Page()->List(Page()->CurrentTab()), -1); }
+  std::vector<std::u16string> Entries() {
+    std::vector<std::u16string> entries;
+    for (int i = 0; i < ComboCount(EditorWindow(kDropDown)); ++i) entries.push_back(ComboText(EditorWindow(kDropDown), i));
+    return entries;
+  }
+  std::u16string Shown() { return ComboText(EditorWindow(kDropDown), ComboSelection(EditorWindow(kDropDown))); }
+  // Stored values; one left at its default may be absent.
+  template <typename Field>
+  StoredValue Saved(Field field) {
+    const ValueSpec* spec = SpecOf(field);
+    return ReadValue(registry(), kCurrentUser, KeyOf(spec), spec->name);
+  }
+  std::int32_t SavedNumber(NumberField field) {
+    StoredValue value = Saved(field);
+    return value.present ? std::int32_t(value.dword) : SpecOf(field)->number;
+  }
+};
+
+// Every drop-down and check row of both lists and every control of the
+// form: shown from the record with its texts, changed, stored.
+TEST_F(GeneralTest, EveryPlainRowAndFormControlShowsAndStoresItsSetting) {
+  // The page, and so its form, is filled at the start: the form's values
+  // are in the registry before it.
+  std::span<const RowTab> tabs = GeneralTabs();
+  for (const Row& row : tabs[kTabBarTab].form) {
+    const ValueSpec* spec = SpecOf(row.number);
+    WriteDword(registry(), kCurrentUser, KeyOf(spec), spec->name, 1);
+  }
+  Start();
+  SettingsStore& record = Settings();
+  for (const RowTab& tab : tabs) {
+    for (const Row& row : tab.rows) {
+      if (row.editor == EditorKind::DropDown) record.*row.number = row.rule(1);
+      if (row.editor == EditorKind::Check) record.*row.number = 1;
+    }
+  }
+  GeneralPage* page = OpenPage();
+  std::vector<std::int32_t> stored;
+  for (int tab = 0; tab < int(tabs.size()); ++tab) {
+    SelectTab(tab);
+    for (int number = 1; number <= int(tabs[tab].rows.size()); ++number) {
+      const Row& row = tabs[tab].rows[number - 1];
+      if (row.editor != EditorKind::DropDown && row.editor != EditorKind::Check) continue;
+      SCOPED_TRACE("tab " + std::to_string(tab) + " row " + std::to_string(number));
+      SelectRow({tab, number});
+      EXPECT_EQ(ListViewRowText(page->List(tab), number - 1), AsU16(EnglishText(row.name).c_str()));
+      EXPECT_EQ(GetText(EditorWindow(kTip)), AsU16(EnglishText(row.tip).c_str()));
+      if (row.editor == EditorKind::DropDown) {
+        EXPECT_EQ(ComboSelection(EditorWindow(kDropDown)), 1);
+        EXPECT_EQ(GetText(EditorWindow(kCaption)), AsU16(EnglishText(row.caption).c_str()));
+        int last = ComboCount(EditorWindow(kDropDown)) - 1;
+        ComboSelect(EditorWindow(kDropDown), last);
+        Deselect();
+        EXPECT_EQ(record.*row.number, row.rule(last));
+      } else {
+        EXPECT_TRUE(IsChecked(EditorWindow(kCheck)));
+        EXPECT_EQ(GetText(EditorWindow(kCheck)), AsU16(EnglishText(row.caption).c_str()));
+        SetChecked(EditorWindow(kCheck), false);
+        Deselect();
+        EXPECT_EQ(record.*row.number, 0);
+      }
+    }
+    for (int number = 0; number < int(tabs[tab].form.size()); ++number) {
+      const Row& row = tabs[tab].form[number];
+      SCOPED_TRACE("form row " + std::to_string(number));
+      HWND control = page->FormControl(tab, number);
+      EXPECT_TRUE(IsWindowVisible(control));
+      if (row.editor == EditorKind::Check) {
+        EXPECT_TRUE(IsChecked(control));
+        SetChecked(control, false);
+      } else {
+        EXPECT_EQ(ComboSelection(control), 1);
+        EXPECT_EQ(GetText(page->FormCaption(tab, number)), AsU16(EnglishText(row.caption).c_str()));
+        ComboSelect(control, 2);
+      }
+    }
+  }
+  Command(IDOK);
+  for (const RowTab& tab : tabs) {
+    for (const Row& row : tab.rows) {
+      if (row.editor == EditorKind::DropDown || row.editor == EditorKind::Check)
+        EXPECT_EQ(SavedNumber(row.number), record.*row.number) << Show(SpecOf(row.number)->name);
+    }
+    for (const Row& row : tab.form)
+      EXPECT_EQ(SavedNumber(row.number), row.editor == EditorKind::Check ? 0 : 2) << Show(SpecOf(row.number)->name);
+  }
+}
+
+// A tap action of 3 is no longer offered: it shows as 2 and becomes 2.
+TEST_F(GeneralTest, RetiredTapActionBecomesTheLast) {
+  OpenPage();
+  Settings().OnClick = 3;
+  SelectRow(kTapRow);
+  EXPECT_EQ(ComboSelection(EditorWindow(kDropDown)), 2);
+  EXPECT_EQ(Settings().OnClick, 2);
+}
+
+// Typed heights are read in C's automatic base; text that is no number is 0.
+TEST_F(GeneralTest, TypedHeightsKeepValuesOutsideTheList) {
+  OpenPage();
+  SelectRow(kHeightRow);
+  HWND combo = EditorWindow(kNumberCombo);
+  EXPECT_TRUE(IsWindowVisible(combo));
+  EXPECT_EQ(ComboCount(combo), 27);
+  EXPECT_EQ(GetText(combo), FormatText(u"%d", {Settings().dHeightLimit}));
+  const struct {
+    const char16_t* typed;
+    std::int32_t stored;
+  } cases[] = {{u"333", 333}, {u"017", 15}, {u"abc", 0}, {u"0x100", 256}};
+  for (const auto& typed : cases) {
+    SetText(combo, typed.typed);
+    Deselect();
+    EXPECT_EQ(Settings().dHeightLimit, typed.stored) << Show(typed.typed);
+    SelectRow(kHeightRow);
+    EXPECT_EQ(GetText(combo), FormatText(u"%d", {typed.stored}));
+  }
+  SelectRow({0, 4});
+  EXPECT_EQ(ComboText(EditorWindow(kNumberCombo), 0), u"0");
+  Deselect();
+  EXPECT_EQ(Settings().dHeightLimit, 256);
+  Command(IDOK);
+  EXPECT_EQ(Saved(&SettingsStore::dHeightLimit).dword, 256u);
+}
+
+// Both installed libraries by their own names; the choice stores its path.
+TEST_F(GeneralTest, LanguageRowStoresTheLibraryPath) {
+  OpenPage();
+  SelectRow(kLanguageRow);
+  std::vector<std::u16string> names = Entries();
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(names, (std::vector<std::u16string>{u"Deutsch", u"English"}));
+  EXPECT_EQ(Shown(), u"English");
+  std::vector<std::u16string> entries = Entries();
+  ComboSelect(EditorWindow(kDropDown), int(std::find(entries.begin(), entries.end(), u"Deutsch") - entries.begin()));
+  Deselect();
+  std::u16string path(Settings().InstallFolder.View());
+  path += u"\\LangRes\\CPDeuRc.dll";
+  Command(IDOK);
+  EXPECT_EQ(Saved(&SettingsStore::SelectedLangResFile).text, path);
+}
+
+// Only plain folders are skins: not files, not hidden or read-only folders.
+TEST_F(GeneralTest, SkinRowOffersPlainFoldersOrDefault) {
+  OpenPage();
+  Settings().SkinsFolder.Assign(kSkins);
+  ASSERT_TRUE(files().MakeDirectory(kSkins));
+  SelectRow(kSkinRow);
+  EXPECT_EQ(Entries(), std::vector<std::u16string>{u"Default"});
+  Deselect();
+  EXPECT_EQ(Settings().dSelectedSkin.View(), u"Default");
+  const struct {
+    const char16_t* name;
+    DWORD attributes;
+  } folders[] = {{u"Blue", 0}, {u"Plain", 0}, {u"Hidden", FILE_ATTRIBUTE_HIDDEN}, {u"Locked", FILE_ATTRIBUTE_READONLY}};
+  std::vector<std::u16string> plain;
+  for (const auto& folder : folders) {
+    std::u16string path = std::u16string(kSkins) + u"\\" + folder.name;
+    ASSERT_TRUE(files().MakeDirectory(path));
+    if (folder.attributes != 0) SetFileAttributesW(AsWide(path.c_str()), folder.attributes);
+    // Wine keeps no read-only mark on a folder where the host file system
+    // cannot; such a folder is plain after all.
+    if (GetFileAttributesW(AsWide(path.c_str())) == FILE_ATTRIBUTE_DIRECTORY) plain.push_back(folder.name);
+  }
+  EXPECT_EQ(std::count(plain.begin(), plain.end(), u"Hidden"), 0) << "the hidden mark held";
+  files().Create(std::u16string(kSkins) + u"\\notes.txt", false);
+  Settings().dSelectedSkin.Assign(u"Plain");
+  SelectRow(kSkinRow);
+  std::vector<std::u16string> skins = Entries();
+  std::sort(skins.begin(), skins.end());
+  std::sort(plain.begin(), plain.end());
+  EXPECT_EQ(skins, plain);
+  EXPECT_EQ(Shown(), u"Plain");
+  Deselect();
+  Settings().dSelectedSkin.Assign(u"plain");  // names match exactly
+  SelectRow(kSkinRow);
+  EXPECT_EQ(ComboSelection(EditorWindow(kDropDown)), 0);
+}
+
+// The device's own faces; the face name is stored.
+TEST_F(GeneralTest, FontRowOffersTheDeviceFaces) {
+  OpenPage();
+  SelectRow(kFontRow);
+  HWND combo = EditorWindow(kDropDown);
+  ASSERT_GT(ComboCount(combo), 1);
+  std::u16string face = ComboText(combo, ComboCount(combo) - 1);
+  ComboSelect(combo, ComboCount(combo) - 1);
+  SelectTab(kDrawingTab);
+  EXPECT_EQ(Settings().FontFaceToUse.View(), face);
+}
+
+// Leaving a sub-tab or the page stores the row shown; a row never selected
+// keeps even a value the list cannot show.
+TEST_F(GeneralTest, LeavingStoresTheShownRowOnly) {
+  OpenPage();
+  Settings().OnClick = 7;
+  Settings().OnDoubleClick = 0;
+  SelectRow(kDoubleTapRow);
+  ComboSelect(EditorWindow(kDropDown), 2);
+  SelectTab(kTabBarTab);
+  EXPECT_EQ(Settings().OnDoubleClick, 2);
+  SelectRow(kLoadingDelayRow);
+  ComboSelect(EditorWindow(kDropDown), 5);
+  SelectPage(kTasksSlot);
+  EXPECT_EQ(Settings().LoadingDelay, 5);
+  Command(IDOK);
+  EXPECT_EQ(Saved(&SettingsStore::OnClick).dword, 7u);
+  EXPECT_EQ(Saved(&SettingsStore::LoadingDelay).dword, 5u);
+}
+
+// Every sub-tab at each screen, with an editor shown; the pictures are kept
+// under the build tree.
+TEST_F(GeneralTest, EveryTabFitsEachScreen) {
+  const struct {
+    const wchar_t* size;
+    int dpi;
+  } screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
+  CreateDirectoryW(L"general-shots", nullptr);
+  for (const auto& screen : screens) {
+    SCOPED_TRACE(screen.dpi);
+    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
+    gScreen.dpiX = gScreen.dpiY = screen.dpi;
+    Start();
+    OpenPage();
+    for (int tab = 0; tab < kGeneralTabCount; ++tab) {
+      SelectTab(tab);
+      for (int row : {1, 3}) {
+        if (Page()->List(tab) != nullptr) SelectRow({tab, row});
+        if (tab == kMainTab && row == kHeightRow.row)
+          EXPECT_EQ(GetText(EditorWindow(kNumberCombo)), FormatText(u"%d", {Settings().dHeightLimit}));
+        RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        for (const std::string& fault : CheckLayout(Window()))
+          ADD_FAILURE() << "tab " << tab << " row " << row << ": " << fault;
+      }
+      Sleep(150);
+      RECT area;
+      GetWindowRect(Window(), &area);
+      tools::Capture capture;
+      ASSERT_TRUE(tools::CaptureScreen(area, capture));
+      tools::WriteBmp(L"general-shots\\" + std::wstring(screen.size) + L"-tab" + std::to_wstring(tab) + L".bmp",
+                      capture);
+    }
+    DestroyWindow(Window());
+    Pump();
+  }
+}
+
+}  // namespace
+}  // namespace tw::test
