@@ -1,5 +1,6 @@
 #include "tests/ui/app_harness.h"
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,6 +12,8 @@
 #include "data/settings_file.h"
 #include "platform/win32/device.h"
 #include "settings/schema.h"
+#include "tests/ui/layout_check.h"
+#include "tests/ui/recording_parent.h"
 
 #if !defined(TW_LIBRARY_FOLDER) || !defined(TW_PROGRAM_RESOURCES)
 #error "the build names the folder of the resource libraries and the program's resources"
@@ -133,6 +136,42 @@ void AppTest::SelectPage(int page) {
   SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(selector), CBN_SELCHANGE),
                reinterpret_cast<LPARAM>(selector));
   Pump();
+}
+
+void AppTest::TapTab(HWND strip, int tab) {
+  NMHDR header = {strip, static_cast<UINT_PTR>(GetDlgCtrlID(strip)), static_cast<UINT>(TCN_SELCHANGING)};
+  SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+  SendMessageW(strip, TCM_SETCURSEL, tab, 0);
+  header.code = TCN_SELCHANGE;
+  SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+}
+
+void AppTest::ExpectLayoutFits(const std::string& label) {
+  RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+  for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << label << ": " << fault;
+}
+
+void AppTest::CheckEveryScreen(const std::wstring& name, int shots, const std::function<void()>& open,
+                               const std::function<void(int shot)>& show) {
+  const struct {
+    const wchar_t* size;
+    int dpi;
+  } screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
+  for (const auto& screen : screens) {
+    SCOPED_TRACE(screen.dpi);
+    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
+    gScreen.dpiX = gScreen.dpiY = screen.dpi;
+    Start();
+    open();
+    for (int shot = 0; shot < shots; ++shot) {
+      show(shot);
+      ExpectLayoutFits("shot " + std::to_string(shot));
+      Pump();  // the controls paint after the page, as the message loop has them
+      SaveScreenshot(name + L"-" + screen.size + L"-" + std::to_wstring(shot), Window());
+    }
+    DestroyWindow(Window());
+    Pump();
+  }
 }
 
 void AppTest::Command(unsigned id) {

@@ -20,7 +20,6 @@
 #include "resources/resource_ids.h"
 #include "settings/schema.h"
 #include "tests/ui/app_harness.h"
-#include "tests/ui/layout_check.h"
 #include "tools/screen_capture.h"
 
 namespace tw::test {
@@ -56,15 +55,7 @@ class CalendarTest : public AppTest {
   CalendarPage* Page() { return static_cast<CalendarPage*>(Shell().slots[kCalendarSlot].get()); }
   HWND EditorWindow(Editor editor) { return Page()->EditorWindows()[editor]; }
 
-  // A tap on a tab: the strip announces the change, then the new tab.
-  void SelectTab(int tab) {
-    HWND strip = Page()->TabStrip();
-    NMHDR header = {strip, static_cast<UINT_PTR>(GetDlgCtrlID(strip)), static_cast<UINT>(TCN_SELCHANGING)};
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-    TabSelect(strip, tab);
-    header.code = TCN_SELCHANGE;
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-  }
+  void SelectTab(int tab) { TapTab(Page()->TabStrip(), tab); }
   // A tap on a row; row 0 taps nothing, which deselects.
   void SelectRow(RowAt at) {
     if (Page()->CurrentTab() != at.tab) SelectTab(at.tab);
@@ -327,38 +318,15 @@ TEST_F(CalendarTest, PreviewFollowsTheStrips) {
 // Every tab at each screen, with a row of each kind shown; the pictures are
 // kept under the build tree for looking at.
 TEST_F(CalendarTest, EveryTabFitsEachScreen) {
-  const struct {
-    const wchar_t* size;
-    int dpi;
-  } screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
-  CreateDirectoryW(L"calendar-shots", nullptr);
-  for (const auto& screen : screens) {
-    SCOPED_TRACE(screen.dpi);
-    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
-    gScreen.dpiX = gScreen.dpiY = screen.dpi;
-    Start();
-    OpenPage();
-    for (int tab = 0; tab < kCalendarTabCount; ++tab) {
-      SelectTab(tab);
-      int rows = int(CalendarTabs()[tab].rows.size());
-      // The first row, then the last, so each kind of editor is laid out.
-      for (int row : {1, rows}) {
-        if (row > 0) SelectRow({tab, row});
-        RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-        for (const std::string& fault : CheckLayout(Window()))
-          ADD_FAILURE() << "tab " << tab << " row " << row << ": " << fault;
-      }
-      Sleep(150);
-      RECT area;
-      GetWindowRect(Window(), &area);
-      tools::Capture capture;
-      ASSERT_TRUE(tools::CaptureScreen(area, capture));
-      tools::WriteBmp(L"calendar-shots\\" + std::wstring(screen.size) + L"-tab" + std::to_wstring(tab) + L".bmp",
-                      capture);
-    }
-    DestroyWindow(Window());
-    Pump();
-  }
+  CheckEveryScreen(L"calendar", kCalendarTabCount, [&] { OpenPage(); }, [&](int tab) {
+    SelectTab(tab);
+    // The first row, then the last, so each kind of editor is laid out.
+    int rows = int(CalendarTabs()[tab].rows.size());
+    if (rows == 0) return;
+    SelectRow({tab, 1});
+    ExpectLayoutFits("first row of tab " + std::to_string(tab));
+    SelectRow({tab, rows});
+  });
 }
 
 double Median(std::vector<double> values) {

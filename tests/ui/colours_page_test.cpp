@@ -18,9 +18,7 @@
 #include "settings/schema.h"
 #include "tests/ui/app_harness.h"
 #include "tests/ui/dialog_driver.h"
-#include "tests/ui/layout_check.h"
 #include "tests/ui/modal_step.h"
-#include "tools/screen_capture.h"
 
 namespace tw::test {
 namespace {
@@ -53,14 +51,7 @@ class ColoursTest : public AppTest {
   }
   ColoursPage* Page() { return static_cast<ColoursPage*>(Shell().slots[kColoursSlot].get()); }
   HWND Control(C::Control control) { return Page()->Window(control); }
-  void SelectTab(int tab) {
-    HWND strip = Control(C::kTabs);
-    NMHDR header = {strip, static_cast<UINT_PTR>(GetDlgCtrlID(strip)), static_cast<UINT>(TCN_SELCHANGING)};
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-    TabSelect(strip, tab);
-    header.code = TCN_SELCHANGE;
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-  }
+  void SelectTab(int tab) { TapTab(Control(C::kTabs), tab); }
   void Press(C::Control button) {
     HWND control = Control(button);
     SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED),
@@ -220,38 +211,16 @@ TEST_F(ColoursTest, BackupRestoresAfterAFailedApply) {
 // Both tabs at each screen, with a colour and with none; the pictures are
 // kept under the build tree for looking at.
 TEST_F(ColoursTest, BothTabsFitEachScreen) {
-  const struct {
-    const wchar_t* size;
-    int dpi;
-  } screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
-  CreateDirectoryW(L"appearance-shots", nullptr);
-  for (const auto& screen : screens) {
-    SCOPED_TRACE(screen.dpi);
-    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
-    gScreen.dpiX = gScreen.dpiY = screen.dpi;
-    Start();
+  auto open = [&] {
     Settings().GeneralFontColor = -1;
     Settings().SeperatorLineClr = RGB(0, 128, 0);
     OpenPage();
-    for (int tab : {C::kColoursTab, C::kSchemesTab}) {
-      SelectTab(tab);
-      if (tab == C::kSchemesTab) SaveScheme(L"Evening");
-      RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-      for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << "tab " << tab << ": " << fault;
-      Pump();  // the controls paint after the page, as the message loop has them
-      Sleep(150);
-      RECT area;
-      GetWindowRect(Window(), &area);
-      tools::Capture capture;
-      ASSERT_TRUE(tools::CaptureScreen(area, capture));
-      tools::WriteBmp(L"appearance-shots\\colours-" + std::wstring(screen.size) + L"-tab" + std::to_wstring(tab) +
-                          L".bmp",
-                      capture);
-    }
-    DestroyWindow(Window());
-    Pump();
-    DeleteScheme(files(), Settings().InstallFolder.View(), u"Evening.scm");
-  }
+  };
+  CheckEveryScreen(L"colours", 2, open, [&](int shot) {
+    SelectTab(shot == 0 ? C::kColoursTab : C::kSchemesTab);
+    if (shot == 1 && !files().Exists(SchemePath(u"Evening.scm"))) SaveScheme(L"Evening");
+  });
+  DeleteScheme(files(), Settings().InstallFolder.View(), u"Evening.scm");
 }
 
 }  // namespace

@@ -16,9 +16,7 @@
 #include "resources/resource_ids.h"
 #include "tests/ui/app_harness.h"
 #include "tests/ui/dialog_driver.h"
-#include "tests/ui/layout_check.h"
 #include "tests/ui/modal_step.h"
-#include "tools/screen_capture.h"
 
 namespace tw::test {
 namespace {
@@ -36,14 +34,7 @@ class FontsTest : public AppTest {
   HWND Control(F::Control control) {
     return static_cast<FontsPage*>(Shell().slots[kFontsPage].get())->Window(control);
   }
-  void SelectTab(int tab) {
-    HWND strip = Control(F::kTabs);
-    NMHDR header = {strip, static_cast<UINT_PTR>(GetDlgCtrlID(strip)), static_cast<UINT>(TCN_SELCHANGING)};
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-    TabSelect(strip, tab);
-    header.code = TCN_SELCHANGE;
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-  }
+  void SelectTab(int tab) { TapTab(Control(F::kTabs), tab); }
   void Press(F::Control button) {
     HWND control = Control(button);
     SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED),
@@ -156,43 +147,21 @@ TEST_F(FontsTest, ApplyingTheGeneralSizeCopiesOnlyTheHeight) {
 // Both tabs at each screen, with the advanced preview of a coloured font
 // and the plain one of a font without colour.
 TEST_F(FontsTest, BothTabsFitEachScreen) {
-  const struct {
-    const wchar_t* size;
-    int dpi;
-  } screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
-  CreateDirectoryW(L"appearance-shots", nullptr);
-  for (const auto& screen : screens) {
-    SCOPED_TRACE(screen.dpi);
-    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
-    gScreen.dpiX = gScreen.dpiY = screen.dpi;
-    Start();
+  auto open = [&] {
     Settings().FontCalTasks.color = RGB(200, 0, 0);
     OpenPage();
-    for (int shot = 0; shot < 3; ++shot) {
-      if (shot == 1) {
-        TickAdvanced(true);
-        SelectTab(F::kFontsTab);
-        ListViewSelect(Control(F::kFontList), 1);
-      }
-      if (shot == 2) {
-        TickAdvanced(false);
-        ListViewSelect(Control(F::kFontList), 2);
-      }
-      RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-      for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << "shot " << shot << ": " << fault;
-      Pump();  // the controls paint after the page, as the message loop has them
-      Sleep(150);
-      RECT area;
-      GetWindowRect(Window(), &area);
-      tools::Capture capture;
-      ASSERT_TRUE(tools::CaptureScreen(area, capture));
-      tools::WriteBmp(L"appearance-shots\\fonts-" + std::wstring(screen.size) + L"-" + std::to_wstring(shot) +
-                          L".bmp",
-                      capture);
+  };
+  CheckEveryScreen(L"fonts", 3, open, [&](int shot) {
+    if (shot == 1) {
+      TickAdvanced(true);
+      SelectTab(F::kFontsTab);
+      ListViewSelect(Control(F::kFontList), 1);
     }
-    DestroyWindow(Window());
-    Pump();
-  }
+    if (shot == 2) {
+      TickAdvanced(false);
+      ListViewSelect(Control(F::kFontList), 2);
+    }
+  });
 }
 
 }  // namespace

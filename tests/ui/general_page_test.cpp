@@ -17,8 +17,6 @@
 #include "resources/resource_ids.h"
 #include "settings/schema.h"
 #include "tests/ui/app_harness.h"
-#include "tests/ui/layout_check.h"
-#include "tools/screen_capture.h"
 
 namespace tw::test {
 namespace {
@@ -62,14 +60,7 @@ class GeneralTest : public AppTest {
   }
   GeneralPage* Page() { return static_cast<GeneralPage*>(Shell().slots[kGeneralSlot].get()); }
   HWND EditorWindow(Editor editor) { return Page()->EditorWindows()[editor]; }
-  void SelectTab(int tab) {
-    HWND strip = Page()->TabStrip();
-    NMHDR header = {strip, static_cast<UINT_PTR>(GetDlgCtrlID(strip)), static_cast<UINT>(TCN_SELCHANGING)};
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-    TabSelect(strip, tab);
-    header.code = TCN_SELCHANGE;
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-  }
+  void SelectTab(int tab) { TapTab(Page()->TabStrip(), tab); }
   void SelectRow(RowAt at) {
     if (Page()->CurrentTab() != at.tab) SelectTab(at.tab);
     ListViewSelect(Page()->List(at.tab), at.row - 1);
@@ -287,38 +278,16 @@ TEST_F(GeneralTest, LeavingStoresTheShownRowOnly) {
 // Every sub-tab at each screen, with an editor shown; the pictures are kept
 // under the build tree.
 TEST_F(GeneralTest, EveryTabFitsEachScreen) {
-  const struct {
-    const wchar_t* size;
-    int dpi;
-  } screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
-  CreateDirectoryW(L"general-shots", nullptr);
-  for (const auto& screen : screens) {
-    SCOPED_TRACE(screen.dpi);
-    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
-    gScreen.dpiX = gScreen.dpiY = screen.dpi;
-    Start();
-    OpenPage();
-    for (int tab = 0; tab < kGeneralTabCount; ++tab) {
-      SelectTab(tab);
-      for (int row : {1, 3}) {
-        if (Page()->List(tab) != nullptr) SelectRow({tab, row});
-        if (tab == kMainTab && row == kHeightRow.row)
-          EXPECT_EQ(GetText(EditorWindow(kNumberCombo)), FormatText(u"%d", {Settings().dHeightLimit}));
-        RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-        for (const std::string& fault : CheckLayout(Window()))
-          ADD_FAILURE() << "tab " << tab << " row " << row << ": " << fault;
-      }
-      Sleep(150);
-      RECT area;
-      GetWindowRect(Window(), &area);
-      tools::Capture capture;
-      ASSERT_TRUE(tools::CaptureScreen(area, capture));
-      tools::WriteBmp(L"general-shots\\" + std::wstring(screen.size) + L"-tab" + std::to_wstring(tab) + L".bmp",
-                      capture);
+  CheckEveryScreen(L"general", kGeneralTabCount, [&] { OpenPage(); }, [&](int tab) {
+    SelectTab(tab);
+    if (Page()->List(tab) == nullptr) return;
+    for (int row : {1, 3}) {
+      SelectRow({tab, row});
+      if (tab == kMainTab && row == kHeightRow.row)
+        EXPECT_EQ(GetText(EditorWindow(kNumberCombo)), FormatText(u"%d", {Settings().dHeightLimit}));
+      ExpectLayoutFits("tab " + std::to_string(tab) + " row " + std::to_string(row));
     }
-    DestroyWindow(Window());
-    Pump();
-  }
+  });
 }
 
 }  // namespace

@@ -16,8 +16,6 @@
 #include "resources/resource_ids.h"
 #include "settings/schema.h"
 #include "tests/ui/app_harness.h"
-#include "tests/ui/layout_check.h"
-#include "tools/screen_capture.h"
 
 namespace tw::test {
 namespace {
@@ -50,14 +48,7 @@ class TasksTest : public AppTest {
   }
   TasksPage* Page() { return static_cast<TasksPage*>(Shell().slots[kTasksSlot].get()); }
   HWND Control(int tab, int row) { return Page()->FormControl(tab, row); }
-  void SelectTab(int tab) {
-    HWND strip = Page()->TabStrip();
-    NMHDR header = {strip, static_cast<UINT_PTR>(GetDlgCtrlID(strip)), static_cast<UINT>(TCN_SELCHANGING)};
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-    TabSelect(strip, tab);
-    header.code = TCN_SELCHANGE;
-    SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
-  }
+  void SelectTab(int tab) { TapTab(Page()->TabStrip(), tab); }
   // Stored values; one left at its default may be absent.
   std::int32_t Saved(NumberField field) {
     const ValueSpec* spec = Spec(field);
@@ -204,32 +195,7 @@ TEST_F(TasksTest, DateSamplesReachIntoTheNextMonthAndYear) {
 
 // Every tab at each screen; the pictures are kept under the build tree.
 TEST_F(TasksTest, EveryTabFitsEachScreen) {
-  const struct {
-    const wchar_t* size;
-    int dpi;
-  } screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
-  CreateDirectoryW(L"tasks-shots", nullptr);
-  for (const auto& screen : screens) {
-    SCOPED_TRACE(screen.dpi);
-    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
-    gScreen.dpiX = gScreen.dpiY = screen.dpi;
-    Start();
-    OpenPage();
-    for (int tab = 0; tab < kTasksTabCount; ++tab) {
-      SelectTab(tab);
-      RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-      for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << "tab " << tab << ": " << fault;
-      Sleep(150);
-      RECT area;
-      GetWindowRect(Window(), &area);
-      tools::Capture capture;
-      ASSERT_TRUE(tools::CaptureScreen(area, capture));
-      tools::WriteBmp(L"tasks-shots\\" + std::wstring(screen.size) + L"-tab" + std::to_wstring(tab) + L".bmp",
-                      capture);
-    }
-    DestroyWindow(Window());
-    Pump();
-  }
+  CheckEveryScreen(L"tasks", kTasksTabCount, [&] { OpenPage(); }, [&](int tab) { SelectTab(tab); });
 }
 
 }  // namespace
