@@ -35,7 +35,7 @@ constexpr unsigned kLargestPlausibleY = 20000;
 
 // A picture whose transparent colour is turned into a mask once, so that a
 // paint draws it with two plain blits: Wine takes about a millisecond for
-// each transparent blit, five times a paint. Both stay selected into
+// each transparent blit, three times a paint. Both stay selected into
 // contexts of their own, since Wine takes longer to select a bitmap than to
 // draw the whole bar.
 struct MaskedPicture {
