@@ -35,7 +35,7 @@ constexpr unsigned kLargestPlausibleY = 20000;
 
 // A picture whose transparent colour is turned into a mask once, so that a
 // paint draws it with two plain blits: Wine takes about a millisecond for
-// each transparent blit, five times a paint. Both stay selected into
+// each transparent blit, three times a paint. Both stay selected into
 // contexts of their own, since Wine takes longer to select a bitmap than to
 // draw the whole bar.
 struct MaskedPicture {
@@ -48,7 +48,8 @@ struct MaskedPicture {
   MaskedPicture() = default;
   MaskedPicture(const MaskedPicture&) = delete;
   MaskedPicture& operator=(const MaskedPicture&) = delete;
-  ~MaskedPicture() {
+  ~MaskedPicture() { Release(); }
+  void Release() {
     if (imageDc) {
       SelectObject(imageDc, oldImage);
       DeleteDC(imageDc);
@@ -59,6 +60,9 @@ struct MaskedPicture {
     }
     if (image) DeleteObject(image);
     if (mask) DeleteObject(mask);
+    image = mask = nullptr;
+    imageDc = maskDc = nullptr;
+    width = height = 0;
   }
 };
 
@@ -82,6 +86,10 @@ struct ScrollerState {
   // Arrows from a skin's Targa files keep their planes; bitmaps are masked.
   SkinImage up{}, down{};
   MaskedPicture upMasked{}, downMasked{}, top{}, middle{}, bottom{};
+  // The three thumb parts composed for the current length, drawn from
+  // thumbOffset above the thumb's top (a very short thumb's caps overlap).
+  MaskedPicture thumb{};
+  int thumbOffset = 0, composedLength = -1;
   OffscreenSurface surface{};
   int surfaceWidth = 0, surfaceHeight = 0;
   // The content under the bar, and the position the surface's content is
@@ -109,6 +117,23 @@ bool InColumn(const ScrollerState& state, int x) {
 
 // ---- Pictures
 
+// Takes both bitmaps over and keeps them selected.
+bool AdoptPicture(MaskedPicture& picture, HBITMAP image, HBITMAP mask, int width, int height) {
+  picture.image = image;
+  picture.mask = mask;
+  if (image == nullptr || mask == nullptr) {
+    picture.Release();
+    return false;
+  }
+  picture.width = width;
+  picture.height = height;
+  picture.imageDc = CreateCompatibleDC(nullptr);
+  picture.maskDc = CreateCompatibleDC(nullptr);
+  picture.oldImage = SelectObject(picture.imageDc, image);
+  picture.oldMask = SelectObject(picture.maskDc, mask);
+  return true;
+}
+
 // Takes the bitmap over.
 void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
   BITMAP info;
@@ -117,14 +142,9 @@ void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
     DeleteObject(bitmap);
     return;
   }
-  picture.image = bitmap;
-  picture.width = info.bmWidth;
-  picture.height = info.bmHeight;
-  picture.mask = CreateBitmap(info.bmWidth, info.bmHeight, 1, 1, nullptr);
-  HDC imageDc = picture.imageDc = CreateCompatibleDC(nullptr);
-  HDC maskDc = picture.maskDc = CreateCompatibleDC(nullptr);
-  picture.oldImage = SelectObject(imageDc, picture.image);
-  picture.oldMask = SelectObject(maskDc, picture.mask);
+  HBITMAP mask = CreateBitmap(info.bmWidth, info.bmHeight, 1, 1, nullptr);
+  if (!AdoptPicture(picture, bitmap, mask, info.bmWidth, info.bmHeight)) return;
+  HDC imageDc = picture.imageDc, maskDc = picture.maskDc;
   // Pixels of the background colour become 1 in a monochrome copy.
   SetBkColor(imageDc, transparent);
   BitBlt(maskDc, 0, 0, picture.width, picture.height, imageDc, 0, 0, SRCCOPY);
@@ -217,17 +237,49 @@ void FillSolid(HDC dc, const RECT& area, COLORREF colour) {
   ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
 }
 
-void DrawMasked(HDC dc, const MaskedPicture& picture, int x, int y, int width, int height) {
+void DrawMasked(HDC dc, const MaskedPicture& picture, int x, int y, int width, int height, bool maskOnly = false) {
   if (picture.image == nullptr || width <= 0 || height <= 0) return;
   COLORREF oldBack = SetBkColor(dc, RGB(255, 255, 255)), oldText = SetTextColor(dc, RGB(0, 0, 0));
   StretchBlt(dc, x, y, width, height, picture.maskDc, 0, 0, picture.width, picture.height, SRCAND);
-  StretchBlt(dc, x, y, width, height, picture.imageDc, 0, 0, picture.width, picture.height, SRCPAINT);
+  if (!maskOnly)
+    StretchBlt(dc, x, y, width, height, picture.imageDc, 0, 0, picture.width, picture.height, SRCPAINT);
   SetBkColor(dc, oldBack);
   SetTextColor(dc, oldText);
 }
 
-void DrawThumbPart(HDC dc, const ScrollerState& state, const MaskedPicture& part, int y, int height) {
-  DrawMasked(dc, part, Column(state).imageX, y, ScaleX(kBarWidth), height);
+void DrawThumbParts(HDC dc, const ScrollerState& state, int x, int top, bool maskOnly) {
+  int cap = ScaleY(kThumbCap), width = ScaleX(kBarWidth), length = state.thumbLength;
+  DrawMasked(dc, state.top, x, top, width, cap, maskOnly);
+  DrawMasked(dc, state.middle, x, top + cap, width, length - 2 * cap, maskOnly);
+  DrawMasked(dc, state.bottom, x, top + length - cap, width, cap, maskOnly);
+}
+
+// Drawing the parts one by one is six blits a step; the composed picture is
+// two. Its mask is the parts' masks laid over white, its image the parts
+// laid over black, so drawing it gives the same pixels.
+void ComposeThumb(HDC like, ScrollerState& state) {
+  if (state.composedLength == state.thumbLength) return;
+  state.thumb.Release();
+  state.composedLength = state.thumbLength;
+  int cap = ScaleY(kThumbCap), width = ScaleX(kBarWidth);
+  state.thumbOffset = std::min(0, state.thumbLength - cap);
+  int height = std::max(cap, state.thumbLength) - state.thumbOffset;
+  HBITMAP image = CreateCompatibleBitmap(like, width, height), mask = CreateBitmap(width, height, 1, 1, nullptr);
+  if (!AdoptPicture(state.thumb, image, mask, width, height)) return;
+  HDC imageDc = state.thumb.imageDc;
+  RECT all = {0, 0, width, height};
+  FillSolid(imageDc, all, RGB(255, 255, 255));
+  DrawThumbParts(imageDc, state, 0, -state.thumbOffset, true);
+  SetBkColor(imageDc, RGB(255, 255, 255));
+  BitBlt(state.thumb.maskDc, 0, 0, width, height, imageDc, 0, 0, SRCCOPY);
+  FillSolid(imageDc, all, RGB(0, 0, 0));
+  DrawThumbParts(imageDc, state, 0, -state.thumbOffset, false);
+}
+
+void DrawThumb(HDC dc, ScrollerState& state) {
+  ComposeThumb(dc, state);
+  const MaskedPicture& thumb = state.thumb;
+  DrawMasked(dc, thumb, Column(state).imageX, state.thumbTop + state.thumbOffset, thumb.width, thumb.height);
 }
 
 void DrawArrow(HDC dc, const ScrollerState& state, const SkinImage& image, const MaskedPicture& masked, int y) {
@@ -275,10 +327,7 @@ void DrawBar(HDC dc, ScrollerState& state) {
   if (fits && !state.barOnLeft) return;
   DrawTrack(dc, state);
   DrawArrows(dc, state, true, true);
-  int cap = ScaleY(kThumbCap);
-  DrawThumbPart(dc, state, state.top, state.thumbTop, cap);
-  DrawThumbPart(dc, state, state.middle, state.thumbTop + cap, state.thumbLength - 2 * cap);
-  DrawThumbPart(dc, state, state.bottom, state.thumbTop + state.thumbLength - cap, cap);
+  DrawThumb(dc, state);
 }
 
 // The bar is drawn over a copy of what lies under it, so that a scroll
