@@ -20,6 +20,7 @@
 #include "resources/resource_ids.h"
 #include "settings/schema.h"
 #include "tests/ui/app_harness.h"
+#include "tests/ui/row_page_test.h"
 #include "tools/screen_capture.h"
 
 namespace tw::test {
@@ -27,12 +28,6 @@ namespace {
 
 constexpr int kCalendarSlot = 1;
 constexpr char16_t kCalendarPath[] = u"Software\\Orvex\\Tidewell\\Calendar";
-// Editors in the order the frame lists them.
-enum Editor { kTip, kCaption, kDropDown, kCheck, kText, kOrderList, kOrderUp, kOrderDown, kOrderReset };
-
-struct RowAt {
-  int tab, row;  // row from 1
-};
 constexpr RowAt kNumOfDaysRow{0, 1}, kTimelinesLengthRow{3, 15}, kVerticalZoomRow{3, 16}, kPinnedRow{5, 9},
     kDueDateRow{2, 10}, kDayTitleRow{3, 1}, kTitleOrderRow{7, 7};
 constexpr int kAppointmentRightStrip = 4, kTaskRightStrip = 5;
@@ -45,23 +40,8 @@ const ValueSpec* CalendarValue(NumberField field) {
   return nullptr;
 }
 
-class CalendarTest : public AppTest {
+class CalendarTest : public RowPageTest<CalendarPage, kCalendarSlot> {
  protected:
-  CalendarPage* OpenPage() {
-    if (Window() == nullptr) Start();
-    SelectPage(kCalendarSlot);
-    return Page();
-  }
-  CalendarPage* Page() { return static_cast<CalendarPage*>(Shell().slots[kCalendarSlot].get()); }
-  HWND EditorWindow(Editor editor) { return Page()->EditorWindows()[editor]; }
-
-  void SelectTab(int tab) { TapTab(Page()->TabStrip(), tab); }
-  // A tap on a row; row 0 taps nothing, which deselects.
-  void SelectRow(RowAt at) {
-    if (Page()->CurrentTab() != at.tab) SelectTab(at.tab);
-    ListViewSelect(Page()->List(at.tab), at.row - 1);
-  }
-  void Deselect() { ListViewSelect(Page()->List(Page()->CurrentTab()), -1); }
   void Press(Editor button) {
     HWND control = EditorWindow(button);
     SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED),

@@ -17,16 +17,13 @@
 #include "resources/resource_ids.h"
 #include "settings/schema.h"
 #include "tests/ui/app_harness.h"
+#include "tests/ui/row_page_test.h"
 
 namespace tw::test {
 namespace {
 
 constexpr int kGeneralSlot = 0, kTasksSlot = 2;
 constexpr int kMainTab = 0, kTabBarTab = 1, kDrawingTab = 2;
-enum Editor { kTip, kCaption, kDropDown, kCheck, kText, kNumberCombo = 9 };
-struct RowAt {
-  int tab, row;  // row from 1
-};
 constexpr RowAt kTapRow{0, 1}, kDoubleTapRow{0, 2}, kHeightRow{0, 3}, kLanguageRow{0, 5}, kSkinRow{0, 6},
     kFontRow{0, 10}, kLoadingDelayRow{2, 8};
 constexpr char16_t kSkins[] = u"\\twtest\\Skins";
@@ -51,21 +48,8 @@ const char16_t* KeyOf(const ValueSpec* spec) {
   return nullptr;
 }
 
-class GeneralTest : public AppTest {
+class GeneralTest : public RowPageTest<GeneralPage, kGeneralSlot> {
  protected:
-  GeneralPage* OpenPage() {
-    if (Window() == nullptr) Start();
-    SelectPage(kGeneralSlot);
-    return Page();
-  }
-  GeneralPage* Page() { return static_cast<GeneralPage*>(Shell().slots[kGeneralSlot].get()); }
-  HWND EditorWindow(Editor editor) { return Page()->EditorWindows()[editor]; }
-  void SelectTab(int tab) { TapTab(Page()->TabStrip(), tab); }
-  void SelectRow(RowAt at) {
-    if (Page()->CurrentTab() != at.tab) SelectTab(at.tab);
-    ListViewSelect(Page()->List(at.tab), at.row - 1);
-  }
-  void Deselect() { ListViewSelect(Page()->List(Page()->CurrentTab()), -1); }
   std::vector<std::u16string> Entries() {
     std::vector<std::u16string> entries;
     for (int i = 0; i < ComboCount(EditorWindow(kDropDown)); ++i) entries.push_back(ComboText(EditorWindow(kDropDown), i));
