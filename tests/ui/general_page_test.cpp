@@ -15,6 +15,7 @@
 #include "pages/general_page.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
+#include "resources/string_ids.h"
 #include "settings/schema.h"
 #include "tests/ui/app_harness.h"
 #include "tests/ui/row_page_test.h"
@@ -189,6 +190,90 @@ TEST_F(GeneralTest, LanguageRowStoresTheLibraryPath) {
   path += u"\\LangRes\\CPDeuRc.dll";
   Command(IDOK);
   EXPECT_EQ(Saved(&SettingsStore::SelectedLangResFile).text, path);
+}
+
+// The texts a library holds that the other language words differently.
+std::vector<std::wstring> TextsOnlyIn(const wchar_t* library, const wchar_t* other) {
+  HMODULE own = LoadLibraryW((std::wstring(TW_LIBRARY_FOLDER) + L"\\LangRes\\" + library).c_str());
+  HMODULE theirs = LoadLibraryW((std::wstring(TW_LIBRARY_FOLDER) + L"\\LangRes\\" + other).c_str());
+  std::vector<std::wstring> texts;
+  for (unsigned id : kLanguageTexts) {
+    wchar_t a[1024] = {}, b[1024] = {};
+    LoadStringW(own, id, a, 1024);
+    LoadStringW(theirs, id, b, 1024);
+    if (lstrcmpW(a, b) != 0 && a[0] != 0) texts.push_back(a);
+  }
+  FreeLibrary(own);
+  FreeLibrary(theirs);
+  return texts;
+}
+
+// What a page shows as text: its controls' own texts and its tabs' labels.
+std::vector<std::wstring> ShownTexts(const SettingsPage& page) {
+  std::vector<std::wstring> texts;
+  for (HWND control : page.Controls()) {
+    wchar_t text[1024] = {}, type[32] = {};
+    if (GetWindowTextW(control, text, 1024) > 0) texts.push_back(text);
+    GetClassNameW(control, type, 32);
+    if (lstrcmpiW(type, WC_TABCONTROLW) != 0) continue;
+    for (int tab = 0; tab < TabCount(control); ++tab) {
+      TCITEMW item = {TCIF_TEXT};
+      item.pszText = text;
+      item.cchTextMax = 1024;
+      if (SendMessageW(control, TCM_GETITEMW, tab, reinterpret_cast<LPARAM>(&item))) texts.push_back(text);
+    }
+  }
+  return texts;
+}
+
+// A language and a skin chosen on the General page count from the next
+// start, as on the device: the next start shows every page in German and
+// draws with the skin's colours.
+TEST_F(GeneralTest, ChosenLanguageAndSkinTakeEffectAtTheNextStart) {
+  // The installed skins when the prefix has them (the run script installs
+  // them), else two made here with the second skin's text colour.
+  const std::u16string skins = u"\\Program Files\\Orvex\\Tidewell\\Skins";
+  const bool made = !files().Exists(skins + u"\\Harbour\\skin.ini");
+  if (made) {
+    for (const char16_t* folder : {u"", u"\\default", u"\\Harbour"}) files().MakeDirectory(skins + folder);
+    std::string ini = "\"txt_color\"=\"16,40,78\"\r\n";
+    ASSERT_TRUE(files().WriteAll(skins + u"\\Harbour\\skin.ini", ini.data(), ini.size()));
+  }
+  OpenPage();
+  for (auto [row, entry] : {std::pair{kLanguageRow, u"Deutsch"}, std::pair{kSkinRow, u"Harbour"}}) {
+    SelectRow(row);
+    std::vector<std::u16string> entries = Entries();
+    auto found = std::find(entries.begin(), entries.end(), entry);
+    ASSERT_NE(found, entries.end()) << Show(entry);
+    ComboSelect(EditorWindow(kDropDown), int(found - entries.begin()));
+    Deselect();
+  }
+  EXPECT_NE(Settings().skin.name.View(), u"Harbour") << "not before the next start";
+  Command(IDOK);
+  ASSERT_EQ(Window(), nullptr);
+
+  ASSERT_NE(Start(), nullptr);
+  EXPECT_EQ(Settings().skin.name.View(), u"Harbour");
+  EXPECT_EQ(Settings().skin.textColor[0], RGB(16, 40, 78));
+  EXPECT_EQ(Settings().skin.folder.View(), skins + u"\\Harbour") << "where the preview's pictures load from";
+  const std::vector<std::wstring> english = TextsOnlyIn(L"CPEngRc.dll", L"CPDeuRc.dll"),
+                                   german = TextsOnlyIn(L"CPDeuRc.dll", L"CPEngRc.dll");
+  auto holds = [](const std::vector<std::wstring>& texts, const std::wstring& text) {
+    return std::find(texts.begin(), texts.end(), text) != texts.end();
+  };
+  for (int slot = 0; slot < kPageCount; ++slot) {
+    if (kPages[slot].make == nullptr) continue;
+    SelectPage(slot);
+    int inGerman = 0;
+    for (const std::wstring& text : ShownTexts(*Shell().slots[slot])) {
+      EXPECT_FALSE(holds(english, text)) << "page " << slot << " still shows English: " << Show(AsU16(text.c_str()));
+      inGerman += holds(german, text);
+    }
+    if (slot != kAboutPage) EXPECT_GT(inGerman, 0) << "page " << slot << " shows no German text";
+  }
+  DestroyWindow(Window());
+  Pump();
+  if (made) RemoveTestFolder(u"C:" + skins);
 }
 
 // Only plain folders are skins: not files, not hidden or read-only folders.
