@@ -368,6 +368,7 @@ void OnDestroy(PickerState& state) {
 INT_PTR CALLBACK PickerProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) return OnInitDialog(dialog, *reinterpret_cast<PickerState*>(lParam));
   if (GetWindowLongPtrW(dialog, DWLP_USER) == 0) return FALSE;
+  if (INT_PTR result; OnFrameMessage(dialog, message, wParam, lParam, result)) return result;
   PickerState& state = State(dialog);
   switch (message) {
     case WM_COMMAND:
@@ -386,14 +387,8 @@ INT_PTR CALLBACK PickerProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPa
     case WM_PAINT:
       OnPaint(dialog, state);
       return TRUE;
-    case WM_CTLCOLORDLG:
-    case WM_CTLCOLORSTATIC:
-      return reinterpret_cast<INT_PTR>(WhiteBackground(reinterpret_cast<HDC>(wParam)));
     case WM_SIZE:
       if (state.tabs) PlaceTabs(dialog, state);
-      return TRUE;
-    case WM_SETTINGCHANGE:
-      device::HandleSettingChange(dialog, wParam, lParam);
       return TRUE;
     case WM_DESTROY:
       OnDestroy(state);

@@ -80,4 +80,18 @@ bool LoadCommonControls(DWORD classes) {
   return init != nullptr && init(&controls);
 }
 
+bool OnFrameMessage(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) {
+  switch (message) {
+    case WM_CTLCOLORDLG:
+    case WM_CTLCOLORSTATIC:
+      result = reinterpret_cast<INT_PTR>(WhiteBackground(reinterpret_cast<HDC>(wParam)));
+      return true;
+    case WM_SETTINGCHANGE:
+      device::HandleSettingChange(dialog, wParam, lParam);
+      result = TRUE;
+      return true;
+  }
+  return false;
+}
+
 }  // namespace tw

@@ -28,6 +28,11 @@ bool LoadCommonControls(DWORD classes);
 // The white of the device's dialogs, for WM_CTLCOLORDLG and WM_CTLCOLORSTATIC.
 HBRUSH WhiteBackground(HDC dc);
 
+// The messages every full-screen dialog answers alike: the white background
+// and the device's setting changes. True, with the dialog procedure's
+// result, when the message was one of them.
+bool OnFrameMessage(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result);
+
 // Whether pictures come at their double (32-pixel) size.
 bool DoubleSizePictures();
 

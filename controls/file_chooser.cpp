@@ -148,18 +148,13 @@ BOOL OnCommand(HWND dialog, ChooserState& state, int id, int code) {
 INT_PTR CALLBACK ChooserProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) return OnInitDialog(dialog, *reinterpret_cast<ChooserState*>(lParam));
   if (GetWindowLongPtrW(dialog, DWLP_USER) == 0) return FALSE;
+  if (INT_PTR result; OnFrameMessage(dialog, message, wParam, lParam, result)) return result;
   ChooserState& state = State(dialog);
   switch (message) {
     case WM_COMMAND:
       return OnCommand(dialog, state, LOWORD(wParam), HIWORD(wParam));
     case WM_SIZE:
       OnSize(dialog);
-      return TRUE;
-    case WM_CTLCOLORDLG:
-    case WM_CTLCOLORSTATIC:
-      return reinterpret_cast<INT_PTR>(WhiteBackground(reinterpret_cast<HDC>(wParam)));
-    case WM_SETTINGCHANGE:
-      device::HandleSettingChange(dialog, wParam, lParam);
       return TRUE;
   }
   return FALSE;

@@ -129,18 +129,13 @@ void OnPaint(HWND dialog, const ChooserState& state) {
 INT_PTR CALLBACK ChooserProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) return OnInitDialog(dialog, *reinterpret_cast<ChooserState*>(lParam));
   if (GetWindowLongPtrW(dialog, DWLP_USER) == 0) return FALSE;
+  if (INT_PTR result; OnFrameMessage(dialog, message, wParam, lParam, result)) return result;
   ChooserState& state = State(dialog);
   switch (message) {
     case WM_COMMAND:
       return OnCommand(dialog, state, LOWORD(wParam));
     case WM_PAINT:
       OnPaint(dialog, state);
-      return TRUE;
-    case WM_CTLCOLORDLG:
-    case WM_CTLCOLORSTATIC:
-      return reinterpret_cast<INT_PTR>(WhiteBackground(reinterpret_cast<HDC>(wParam)));
-    case WM_SETTINGCHANGE:
-      device::HandleSettingChange(dialog, wParam, lParam);
       return TRUE;
   }
   return FALSE;
