@@ -7,6 +7,7 @@
 #include "app/shell.h"
 #include "data/filters.h"
 #include "data/schemes.h"
+#include "data/settings_backup.h"
 #include "data/settings_file.h"
 #include "platform/win32/device.h"
 #include "platform/win32/wide.h"
@@ -56,7 +57,7 @@ HWND gRewriteFailedIn = nullptr;  // the main window of the run it failed in
 void BackUpBeforeRewrite(HWND window) {
   if (gRewriteFailedIn == window) return;
   std::wstring folder = device::DocumentsFolder();
-  if (!folder.empty()) BackUpSettings(Platform().registry, Platform().files, Categories(), ToU16(folder));
+  if (!folder.empty()) BackUpSettings(Platform().Environment(), Categories(), ToU16(folder));
 }
 
 // After the registry was rewritten wholesale: the record is read back, the

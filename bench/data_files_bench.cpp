@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "data/categories.h"
+#include "data/settings_backup.h"
 #include "data/settings_file.h"
 #include "platform/memory/folder_file_system.h"
 #include "platform/memory/memory_bitmaps.h"
@@ -140,6 +141,22 @@ void Import(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * kValues);
 }
 
+// The backup against the export command beside it: both write the whole tree
+// to a file; the backup also loads a record and lists what it read.
+void ExportFileBaseline(benchmark::State& state) {
+  Fixture& fixture = Shared();
+  for (auto _ : state) ExportSettingsFile(fixture.registry, fixture.files, fixture.lists, u"");
+  state.SetItemsProcessed(state.iterations() * kValues);
+}
+
+void BackUp(benchmark::State& state) {
+  Fixture& fixture = Shared();
+  SettingsEnvironment environment{fixture.registry, fixture.locale, fixture.files};
+  for (auto _ : state)
+    if (!BackUpSettings(environment, fixture.lists, u"")) state.SkipWithError("backup not written");
+  state.SetItemsProcessed(state.iterations() * kValues);
+}
+
 void ReadAndSortBaseline(benchmark::State& state) {
   Fixture& fixture = Shared();
   for (auto _ : state) {
@@ -167,6 +184,8 @@ BENCHMARK(EnumerateBaseline)->Name("export_10000_values/baseline_enumerate")->Un
 BENCHMARK(Export)->Name("export_10000_values/export_all")->Unit(benchmark::kMillisecond);
 BENCHMARK(SetValuesBaseline)->Name("import_10000_values/baseline_set_values")->Unit(benchmark::kMillisecond);
 BENCHMARK(Import)->Name("import_10000_values/import")->Unit(benchmark::kMillisecond);
+BENCHMARK(ExportFileBaseline)->Name("backup_10000_values/baseline_export_file")->Unit(benchmark::kMillisecond);
+BENCHMARK(BackUp)->Name("backup_10000_values/backup")->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadAndSortBaseline)->Name("categories_10000/baseline_read_and_sort")->Unit(benchmark::kMillisecond);
 BENCHMARK(LoadCategoryList)->Name("categories_10000/load_categories")->Unit(benchmark::kMillisecond);
 

@@ -1,5 +1,6 @@
 #include "data/settings_file.h"
 
+#include <algorithm>
 #include <cstring>
 #include <unordered_map>
 
@@ -11,7 +12,6 @@
 namespace tw {
 namespace {
 
-constexpr std::u16string_view kHeaderFormat = u"\n[%s]\n";
 constexpr std::u16string_view kCategoriesSection = u"::Categories::";
 constexpr std::u16string_view kFiltersSection = u"::Filters::";
 constexpr std::u16string_view kCategory = u"Category", kFiltersFlag = u"FiltersFlag", kColor = u"Color";
@@ -22,8 +22,13 @@ constexpr std::u16string_view kFilterName = u"FilterName", kIndex = u"Index",
 constexpr std::u16string_view kNotTheSame = u"not_the_same";
 
 // The export's fixed enumeration buffers: a value whose data passes 256 bytes
-// ends its key's values.
-constexpr std::uint32_t kNameChars = 256, kDataBytes = 256;
+// ends its key's values. A whole export grows its buffers up to the
+// registry's longest name instead.
+constexpr std::uint32_t kNameChars = 256, kDataBytes = 256, kWholeNameChars = 16384;
+// The longest line the import reads back whole, its line feed aside.
+constexpr std::size_t kImportLineChars = SettingsTextInput::kLineBuffer - 2;
+constexpr std::size_t kStringLineQuotes = 5;    // "name"="data"
+constexpr std::size_t kDwordLineLongest = 20;   // "name"=dword:-2147483648
 
 void WriteLine(SettingsTextOutput& out, std::u16string_view format, std::initializer_list<FormatArg> args) {
   out.Write(FormatText(format, args, WideString::kMaxLength));
@@ -35,20 +40,90 @@ std::u16string_view StringData(const std::uint8_t* data, std::uint32_t size) {
   return text.substr(0, text.find(u'\0'));
 }
 
-void ExportValues(Registry& registry, RegKey key, SettingsTextOutput& out) {
+struct EnumeratedValue {
+  std::u16string_view name;
+  std::uint32_t type = 0;
+  std::span<const std::uint8_t> data;
+};
+
+// A key's values one by one, with buffers kept between them. With fixed
+// buffers the enumeration ends at the first failure; grown ones end it at
+// the last value only.
+class ValueEnumerator {
+ public:
+  ValueEnumerator(Registry& registry, RegKey key, bool whole)
+      : registry_(registry), key_(key), whole_(whole), name_(whole ? kWholeNameChars : kNameChars), data_(kDataBytes + 2) {}
+
+  bool Next(EnumeratedValue& value) {
+    for (;;) {
+      std::uint32_t nameChars = static_cast<std::uint32_t>(name_.size());
+      std::uint32_t size = static_cast<std::uint32_t>(data_.size() - 2);  // room for a missing terminator
+      long result = registry_.EnumValue(key_, index_, name_.data(), nameChars, value.type, data_.data(), size);
+      if (result == kRegMoreData && whole_ && size > data_.size() - 2) {
+        data_.resize(size + 2);
+        continue;
+      }
+      if (result != kRegSuccess) return false;
+      ++index_;
+      data_[size] = data_[size + 1] = 0;
+      value.name = std::u16string_view(name_.data(), nameChars);
+      value.data = std::span(data_.data(), size);
+      return true;
+    }
+  }
+
+ private:
+  Registry& registry_;
+  RegKey key_;
+  bool whole_;
+  std::uint32_t index_ = 0;
+  std::vector<char16_t> name_;
+  std::vector<std::uint8_t> data_;
+};
+
+// Values written by the export: strings and DWORDs only. A whole export
+// leaves out a name that would not read back as itself and cuts a string to
+// what the import reads back in one line.
+bool WriteValue(const EnumeratedValue& value, bool whole, SettingsTextOutput& out) {
+  if (whole && !ReadsBackAsItself(value.name)) return false;
+  if (value.type == kRegSz) {
+    std::u16string_view text = StringData(value.data.data(), static_cast<std::uint32_t>(value.data.size()));
+    WriteLine(out, kStringLineFormat, {value.name, whole ? ImportableText(value.name, text) : text});
+    return true;
+  }
+  if (value.type == kRegDword) {
+    std::int32_t number = 0;
+    std::memcpy(&number, value.data.data(), std::min(value.data.size(), sizeof number));
+    WriteLine(out, kDwordLineFormat, {value.name, number});
+    return true;
+  }
+  return false;
+}
+
+std::vector<MetValue> ExportValues(Registry& registry, RegKey key, bool whole, SettingsTextOutput& out) {
+  std::vector<MetValue> met;
+  ValueEnumerator values(registry, key, whole);
+  for (EnumeratedValue value; values.Next(value);) {
+    bool written = WriteValue(value, whole, out);
+    if (whole) met.push_back({std::u16string(value.name), written});
+  }
+  return met;
+}
+
+// The subtree at path, depth first; a missing key is created and exported
+// empty. With addenda the values are whole and each key gets its lines.
+void ExportTree(Registry& registry, std::u16string_view path, KeyAddenda* addenda, SettingsTextOutput& out) {
+  ScopedKey key(registry, kCurrentUser, path, true);
+  WriteSectionHeader(path, out);
+  if (!key) return;
+  std::vector<MetValue> met = ExportValues(registry, key.get(), addenda != nullptr, out);
+  if (addenda != nullptr) addenda->Write(path, met, out);
   for (std::uint32_t index = 0;; ++index) {
     char16_t name[kNameChars];
-    alignas(char16_t) std::uint8_t data[kDataBytes] = {};
-    std::uint32_t nameChars = kNameChars, type = 0, size = kDataBytes;
-    if (registry.EnumValue(key, index, name, nameChars, type, data, size) != kRegSuccess) return;
-    std::u16string_view valueName(name, nameChars);
-    if (type == kRegSz) {
-      WriteLine(out, kStringLineFormat, {valueName, StringData(data, size)});
-    } else if (type == kRegDword) {
-      std::int32_t number = 0;
-      std::memcpy(&number, data, sizeof number);
-      WriteLine(out, kDwordLineFormat, {valueName, number});
-    }
+    std::uint32_t nameChars = kNameChars;
+    if (registry.EnumKey(key.get(), index, name, nameChars) != kRegSuccess) break;
+    ExportTree(registry, FormatText(u"%s\\%s", {path, std::u16string_view(name, nameChars)}, WideString::kMaxLength),
+               addenda, out);
   }
 }
 
@@ -139,23 +214,32 @@ bool ReadHeader(ImportReader& reader, std::u16string& sectionName) {
 
 }  // namespace
 
+bool ReadsBackAsItself(std::u16string_view name) {
+  return name.size() + kDwordLineLongest < kImportLineChars && name.find_first_of(u"\"\n") == name.npos;
+}
+
+std::u16string_view ImportableText(std::u16string_view name, std::u16string_view text) {
+  text = text.substr(0, text.find(u'\n'));
+  std::size_t room = ReadsBackAsItself(name) ? kImportLineChars - kStringLineQuotes - name.size() : 0;
+  if (room >= text.size()) return text;
+  if (room > 0 && text[room - 1] >= 0xD800 && text[room - 1] <= 0xDBFF) --room;
+  return text.substr(0, room);
+}
+
 void ExportRegistryTree(Registry& registry, std::u16string_view path, SettingsTextOutput& out) {
-  ScopedKey key(registry, kCurrentUser, path, true);
-  out.Write(FormatText(kHeaderFormat, {path}, WideString::kMaxLength));
-  if (!key) return;
-  ExportValues(registry, key.get(), out);
-  for (std::uint32_t index = 0;; ++index) {
-    char16_t name[kNameChars];
-    std::uint32_t nameChars = kNameChars;
-    if (registry.EnumKey(key.get(), index, name, nameChars) != kRegSuccess) break;
-    ExportRegistryTree(registry, FormatText(u"%s\\%s", {path, std::u16string_view(name, nameChars)},
-                                            WideString::kMaxLength),
-                       out);
-  }
+  ExportTree(registry, path, nullptr, out);
+}
+
+void ExportWholeTree(Registry& registry, std::u16string_view path, KeyAddenda& addenda, SettingsTextOutput& out) {
+  ExportTree(registry, path, &addenda, out);
+}
+
+void WriteSectionHeader(std::u16string_view name, SettingsTextOutput& out) {
+  out.Write(FormatText(u"\n[%s]\n", {name}, WideString::kMaxLength));
 }
 
 void WriteCategoriesSection(const CategoryList& categories, SettingsTextOutput& out) {
-  out.Write(FormatText(kHeaderFormat, {kCategoriesSection}));
+  WriteSectionHeader(kCategoriesSection, out);
   for (const CategoryEntry& entry : categories.entries) {
     WriteLine(out, kStringLineFormat, {kCategory, entry.name.View()});
     WriteLine(out, kDwordLineFormat, {kFiltersFlag, entry.filterMask});
@@ -164,7 +248,7 @@ void WriteCategoriesSection(const CategoryList& categories, SettingsTextOutput& 
 }
 
 void WriteFiltersSection(const FilterList& filters, SettingsTextOutput& out) {
-  out.Write(FormatText(kHeaderFormat, {kFiltersSection}));
+  WriteSectionHeader(kFiltersSection, out);
   for (const FilterEntry& filter : filters.entries) {
     WriteLine(out, kStringLineFormat, {kFilterName, filter.title.View()});
     WriteLine(out, kDwordLineFormat, {kIndex, filter.index});
@@ -211,27 +295,13 @@ int ImportSettings(SettingsTextInput& in, Registry& registry, CategoryData& data
   return 1;
 }
 
-namespace {
-
-bool ExportTo(Registry& registry, FileSystem& files, const CategoryData& data, std::u16string_view folder,
-              std::u16string_view fileName) {
-  SettingsTextOutput out;
-  ExportAll(registry, kProductKey, data, out);
-  return files.WriteAll(FormatText(u"%s\\%s", {folder, fileName}, WideString::kMaxLength), out.Bytes().data(),
-                        out.Bytes().size());
-}
-
-}  // namespace
-
 MessagePair ExportSettingsFile(Registry& registry, FileSystem& files, const CategoryData& data,
                                std::u16string_view documentsFolder) {
-  ExportTo(registry, files, data, documentsFolder, kSettingsFileName);
+  SettingsTextOutput out;
+  ExportAll(registry, kProductKey, data, out);
+  files.WriteAll(FormatText(u"%s\\%s", {documentsFolder, kSettingsFileName}, WideString::kMaxLength),
+                 out.Bytes().data(), out.Bytes().size());
   return kSettingsExported;
-}
-
-bool BackUpSettings(Registry& registry, FileSystem& files, const CategoryData& data,
-                    std::u16string_view documentsFolder) {
-  return ExportTo(registry, files, data, documentsFolder, kSettingsBackupName);
 }
 
 ImportOutcome ImportSettingsFile(Registry& registry, FileSystem& files, CategoryData& data,

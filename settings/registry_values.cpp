@@ -100,4 +100,15 @@ void WriteFont(Registry& registry, RegKey key, std::u16string_view prefix,
   WriteDword(registry, key, FontValueName(prefix, u"lfColor"), record.color, kNoColor);
 }
 
+std::array<FontValue, 6> FontValues(std::u16string_view prefix, const FontRecord& record,
+                                    const FontDefaults& defaults) {
+  const LogFont& font = record.font;
+  return {{{FontValueName(prefix, u"lfWeight"), font.lfWeight, defaults.bold ? kWeightBold : kWeightNormal},
+           {FontValueName(prefix, u"lfItalic"), font.lfItalic, 0},
+           {FontValueName(prefix, u"lfUnderline"), font.lfUnderline, 0},
+           {FontValueName(prefix, u"lfStrikeOut"), font.lfStrikeOut, defaults.strikeOut ? 1 : 0},
+           {FontValueName(prefix, u"lfHeight"), font.lfHeight, defaults.height},
+           {FontValueName(prefix, u"lfColor"), record.color, kNoColor}}};
+}
+
 }  // namespace tw

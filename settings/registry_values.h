@@ -4,7 +4,9 @@
 // failed write is lost.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "base/wide_string.h"
@@ -41,5 +43,15 @@ void ReadFont(Registry& registry, RegKey key, std::u16string_view prefix, FontRe
               bool clearType, std::u16string_view face, const FontDefaults& defaults);
 void WriteFont(Registry& registry, RegKey key, std::u16string_view prefix,
                const FontRecord& record, const FontDefaults& defaults);
+
+// One of the six values a font is stored as: what the record holds, and
+// what ReadFont takes when the value is missing.
+struct FontValue {
+  std::u16string name;
+  std::int32_t loaded;
+  std::int32_t missing;
+};
+std::array<FontValue, 6> FontValues(std::u16string_view prefix, const FontRecord& record,
+                                    const FontDefaults& defaults);
 
 }  // namespace tw

@@ -121,6 +121,22 @@ FontDefaults DefaultFont(const FontSpec& spec, const SettingsStore& store, const
   return {ScaledFor(store, environment, 12), spec.bold, forSave ? spec.savedStrikeOut : spec.strikeOut};
 }
 
+template <typename Record>
+void ListValue(const FieldSpec<Record>& spec, const Record& record, const SettingsEnvironment* environment,
+               std::u16string_view path, LoadedValueSink& sink) {
+  switch (spec.kind) {
+    case ValueKind::Dword:
+      sink.Number(path, spec.name, record.*spec.dword, NumberDefault(spec, record, environment));
+      break;
+    case ValueKind::Text:
+      sink.Text(path, spec.name, (record.*spec.string).View(), TextDefault(spec, record, false));
+      break;
+    case ValueKind::Item:
+      sink.Number(path, spec.name, (record.*spec.item).value, spec.number);
+      break;
+  }
+}
+
 void LoadKey(const KeySpec& spec, SettingsStore& store, const SettingsEnvironment& environment) {
   Registry& registry = environment.registry;
   ScopedKey key(registry, kCurrentUser, spec.path, true);
@@ -163,6 +179,20 @@ void LoadHostedTab(TabEntry& entry, Registry& registry, RegKey key) {
 void SaveHostedTab(const TabEntry& entry, Registry& registry, RegKey key) {
   for (const TabValueSpec& value : HostedTabValues())
     SaveValue(value, entry, nullptr, registry, key);
+}
+
+void ListLoadedValues(const SettingsStore& store, const SettingsEnvironment& environment, LoadedValueSink& sink) {
+  for (const KeySpec* key : ProductKeys()) {
+    for (const ValueSpec& value : key->values) ListValue(value, store, &environment, key->path, sink);
+    for (const FontSpec& font : key->fonts)
+      for (const FontValue& value :
+           FontValues(font.name, store.*font.field, DefaultFont(font, store, environment, false)))
+        sink.Number(key->path, value.name, value.loaded, value.missing);
+  }
+  for (const TabEntry& entry : store.tabs) {
+    std::u16string path = FormatText(u"%s\\%s", {kTabSettingsKey.path, entry.name.View()}, WideString::kMaxLength);
+    for (const TabValueSpec& value : HostedTabValues()) ListValue(value, entry, nullptr, path, sink);
+  }
 }
 
 void LoadSettings(SettingsStore& store, const SettingsEnvironment& environment) {

@@ -37,6 +37,25 @@ void LoadSettings(SettingsStore& store, const SettingsEnvironment& environment);
 // or VGA mode makes an unchanged value explicit. Failures are silent.
 void SaveSettings(SettingsStore& store, const SettingsEnvironment& environment);
 
+// Receives each value the loader reads below the product key: what the
+// record holds, and what the loader takes when the value is missing.
+class LoadedValueSink {
+ public:
+  virtual void Number(std::u16string_view keyPath, std::u16string_view name, std::int32_t loaded,
+                      std::int32_t missing) = 0;
+  virtual void Text(std::u16string_view keyPath, std::u16string_view name, std::u16string_view loaded,
+                    std::u16string_view missing) = 0;
+
+ protected:
+  ~LoadedValueSink() = default;
+};
+
+// Every value behind a record loaded in this environment; the defaults are
+// the ones its load took (scaled ones follow its VGA mode, the hosted tabs
+// are its own). A missing value stored as its default loads to the same
+// record, which is what lets a backup undo a value a later import added.
+void ListLoadedValues(const SettingsStore& store, const SettingsEnvironment& environment, LoadedValueSink& sink);
+
 // A 96-dpi layout value on the environment's screen, as the record's VGA mode
 // would draw it.
 int ScaledFor(const SettingsStore& store, const SettingsEnvironment& environment, int value);

@@ -16,6 +16,7 @@
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 #include "settings/schema.h"
+#include "tests/support/record_text.h"
 #include "tests/ui/app_harness.h"
 #include "tests/ui/dialog_driver.h"
 #include "tests/ui/modal_step.h"
@@ -179,15 +180,17 @@ TEST_F(ColoursTest, SchemesSaveApplyAndDelete) {
 }
 
 // A scheme that breaks half way leaves the colour and font keys cleared; the
-// backup written before brings back every value.
+// backup written before brings back every value, those that were at their
+// defaults included.
 TEST_F(ColoursTest, BackupRestoresAfterAFailedApply) {
   WriteDword(registry(), kCurrentUser, kColorsPath, u"GeneralFontColor", 255);
   WriteDword(registry(), kCurrentUser, kColorsPath, u"HighlightBgClr", 9);
   WriteDword(registry(), kCurrentUser, kFontsPath, u"FontGenerallfHeight", 20);
   OpenPage();
-  std::string before = RegistrySnapshot();
+  std::string before = DescribeRecord(Settings());
   files().MakeDirectory(std::u16string(Settings().InstallFolder.View()) + u"\\Schemes");
-  std::string broken = "\r\n[Software\\Orvex\\Tidewell\\Colors]\r\n\"GeneralFontColor\"=dword:7\r\n\r\nbroken\r\n";
+  std::string broken = "\r\n[Software\\Orvex\\Tidewell\\Colors]\r\n\"GeneralFontColor\"=dword:7\r\n"
+                       "\"ShadowFontColor\"=dword:7\r\n\r\nbroken\r\n";
   ASSERT_TRUE(files().WriteAll(SchemePath(u"Broken.scm"), broken.data(), broken.size()));
   SelectPage(kAboutPage);
   Shell().slots[kColoursSlot].reset();  // the list is read when the page is made
@@ -205,7 +208,7 @@ TEST_F(ColoursTest, BackupRestoresAfterAFailedApply) {
   ASSERT_TRUE(files().WriteAll(kDocument, backup.data(), backup.size()));
   Command(IDM_IMPORT);
   EXPECT_EQ(Window(), nullptr);
-  EXPECT_EQ(RegistrySnapshot(), before);
+  EXPECT_EQ(DescribeRecord(Settings()), before);
 }
 
 // Both tabs at each screen, with a colour and with none; the pictures are

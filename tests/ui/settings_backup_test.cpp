@@ -8,6 +8,7 @@
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
 #include "settings/schema.h"
+#include "tests/support/record_text.h"
 #include "tests/ui/app_harness.h"
 
 namespace tw::test {
@@ -37,9 +38,11 @@ TEST_F(ShellBackupTest, FailedImportsKeepTheBackupThatRestoresEveryValue) {
   WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 2);
   WriteDword(registry(), kCurrentUser, kColorsKey.path, u"GeneralFontColor", 255);
   ASSERT_NE(Start(kAboutPage), nullptr);
-  std::string before = RegistrySnapshot();
+  std::string before = DescribeRecord(Settings());
 
-  WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n\r\nbroken\r\n");
+  // OnDoubleClick was at its default, so it was not stored at all.
+  WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n\"OnDoubleClick\"=dword:1\r\n"
+                "\r\nbroken\r\n");
   Command(IDM_IMPORT);
   ASSERT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"OnClick").dword, 1u) << "the import failed half way";
   std::vector<std::uint8_t> backup = Backup();
@@ -54,7 +57,7 @@ TEST_F(ShellBackupTest, FailedImportsKeepTheBackupThatRestoresEveryValue) {
   ASSERT_TRUE(files().WriteAll(kDocument, backup.data(), backup.size()));
   Command(IDM_IMPORT);
   EXPECT_EQ(Window(), nullptr) << "the backup imports like any settings file";
-  EXPECT_EQ(RegistrySnapshot(), before);
+  EXPECT_EQ(DescribeRecord(Settings()), before) << "read back from the registry on the way out";
 }
 
 TEST_F(ShellBackupTest, EachImportBacksUpTheSettingsItReplaces) {
