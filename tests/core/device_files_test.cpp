@@ -43,7 +43,7 @@ class DeviceFilesTest : public PlatformTest {
   void Install(const std::string& folder) {
     std::u16string target = Folder();
     for (const auto& part : std::filesystem::path(folder)) {
-      target += u"\\" + DeviceName(part);
+      target.append(u"\\").append(DeviceName(part));
       files().MakeDirectory(target);
     }
     for (const auto& entry : std::filesystem::directory_iterator(kDeviceFolder / folder)) {
