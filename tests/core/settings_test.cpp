@@ -24,7 +24,7 @@ class LoadSaveTest : public SettingsTest {
     WriteText(registry(), kLocalMachine, kTodayItem, u"InstallPath", Folder());
     std::u16string skin = Folder();
     for (auto part : {u"\\Orvex", u"\\Tidewell", u"\\Skins"}) files().MakeDirectory(skin += part);
-    files().MakeDirectory(skin += u"\\" + std::u16string(name));
+    files().MakeDirectory(skin.append(u"\\").append(name));
     ASSERT_TRUE(files().WriteAll(skin + u"\\skin.ini", ini.data(), ini.size()));
   }
 
