@@ -7,12 +7,8 @@
 namespace tw {
 namespace {
 
+// The shift-based division against plain rounded division, everywhere.
 TEST(AlphaBlendTest, ChannelIsTheRoundedWeightedMean) {
-  EXPECT_EQ(BlendChannel(200, 17, 0), 17) << "opacity 0 keeps the destination";
-  EXPECT_EQ(BlendChannel(200, 17, 255), 200) << "opacity 255 replaces it";
-  EXPECT_EQ(BlendChannel(1, 0, 128), 1) << "128 / 255 rounds up";
-  EXPECT_EQ(BlendChannel(1, 0, 127), 0) << "127 / 255 rounds down";
-  // The shift-based division against plain rounded division, everywhere.
   int wrong = 0;
   for (unsigned s = 0; s < 256; ++s)
     for (unsigned d = 0; d < 256; ++d)

@@ -48,28 +48,20 @@ class DataFilesTest : public PlatformTest {
   CategoryData data;
 };
 
+// Naming, refusing an existing name and deleting are the Colours page's tests.
 TEST_F(DataFilesTest, SchemesHoldColoursFontsAndCategoryColours) {
   Put(kColors, u"HighlightBgClr", 255);
   Put(kFonts, u"FontGenerallfHeight", 12);
   Put(kProductKey, u"OnClick", 1);
   AddCategory(u"Work", 5);
-  EXPECT_EQ(Save(u""), kSchemeNameEmpty);
   EXPECT_EQ(Save(u"Dark"), kSchemeSaved);
-  const std::string saved =
-      "\r\n[Software\\Orvex\\Tidewell\\Colors]\r\n\"HighlightBgClr\"=dword:255\r\n"
-      "\r\n[Software\\Orvex\\Tidewell\\Fonts]\r\n\"FontGenerallfHeight\"=dword:12\r\n"
-      "\r\n[::Categories::]\r\n\"Category\"=\"Work\"\r\n\"FiltersFlag\"=dword:0\r\n\"Color\"=dword:5\r\n";
-  EXPECT_EQ(Contents(u"\\Schemes\\Dark.scm"), saved);
-  Put(kColors, u"HighlightBgClr", 1);
-  EXPECT_EQ(Save(u"Dark"), kSchemeExists);
-  EXPECT_EQ(Contents(u"\\Schemes\\Dark.scm"), saved) << "never overwritten";
+  EXPECT_EQ(Contents(u"\\Schemes\\Dark.scm"),
+            "\r\n[Software\\Orvex\\Tidewell\\Colors]\r\n\"HighlightBgClr\"=dword:255\r\n"
+            "\r\n[Software\\Orvex\\Tidewell\\Fonts]\r\n\"FontGenerallfHeight\"=dword:12\r\n"
+            "\r\n[::Categories::]\r\n\"Category\"=\"Work\"\r\n\"FiltersFlag\"=dword:0\r\n\"Color\"=dword:5\r\n");
 
-  // Loading clears the colours and fonts first.
-  Put(kColors, u"ShadowFontColor", 7);
   data.categories.entries[0].color = 9;
   EXPECT_EQ(Load(u"Dark.scm"), kNoMessage);
-  EXPECT_EQ(ValueNames(registry(), kCurrentUser, kColors), std::vector<std::u16string>{u"HighlightBgClr"});
-  EXPECT_EQ(Stored(kColors, u"HighlightBgClr").dword, 255u);
   EXPECT_EQ(data.categories.entries[0].color, 5u);
   data.categories.entries[0].name.Assign(u"Office");
   data.categories.entries[0].color = 9;
@@ -82,8 +74,6 @@ TEST_F(DataFilesTest, SchemesHoldColoursFontsAndCategoryColours) {
   EXPECT_EQ(Load(u"Broken.scm"), kSchemeLoadFailed);
   EXPECT_FALSE(KeyExists(registry(), kCurrentUser, kColors)) << "the cleared keys stay cleared";
   EXPECT_EQ(Stored(kFonts, u"A").dword, 1u) << "what came before the failure stays";
-  EXPECT_TRUE(DeleteScheme(files(), Folder(), u"Broken.scm"));
-  EXPECT_EQ(ListSchemes(files(), Folder()), std::vector<std::u16string>{u"Dark.scm"});
 }
 
 TEST_F(DataFilesTest, IconFoldersComeInTheirFixedOrderAndAreScannedIgnoringCase) {
@@ -155,19 +145,6 @@ TEST_F(DataFilesTest, LanguageSelectionCountsLibrariesWithoutAName) {
   EXPECT_EQ(ListLanguages(files(), loader, Folder(), paths[2]).list.selected, -1) << "position 2 is past the entries";
   paths[1].back() = u'L';
   EXPECT_EQ(ListLanguages(files(), loader, Folder(), paths[1]).list.selected, 0) << "no match in case: the first";
-}
-
-TEST_F(DataFilesTest, SkinsArePlainSkinFoldersOrDefault) {
-  Make({u"\\Skins\\", u"\\Skins\\.hidden\\", u"\\Skins\\notes.txt"});
-  ChoiceList none = ListSkins(files(), Folder() + u"\\Skins", u"default");
-  ASSERT_EQ(none.entries.size(), 1u) << "a hidden folder is no skin";
-  EXPECT_EQ(none.entries[0].text, u"Default");
-  EXPECT_EQ(none.entries[0].itemData, 0);
-  Make({u"\\Skins\\Ocean\\", u"\\Skins\\Plain\\"});
-  ChoiceList skins = ListSkins(files(), Folder() + u"\\Skins", u"Plain");
-  ASSERT_EQ(skins.entries.size(), 2u);
-  EXPECT_EQ(skins.entries[skins.selected].text, u"Plain");
-  EXPECT_EQ(skins.entries[1].itemData, 1);
 }
 
 // Hosted plug-in tabs

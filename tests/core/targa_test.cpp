@@ -46,14 +46,35 @@ TEST(TargaTest, RowOrderComesFromBitFourOnly) {
 }
 
 TEST(TargaTest, AnyDepthButThirtyTwoIsThreeOpaqueBytes) {
-  TargaImage wide = Decode(Targa(kRaw, 2, 1, 32, 0x18, {1, 2, 3, 4, 5, 6, 7, 8}));
-  EXPECT_EQ(At(wide, 1, 0), (Pixel{5, 6, 7, 8}));
   for (std::uint8_t depth : {24, 16, 8, 0, 33}) {
     TargaImage image = Decode(Targa(kRaw, 2, 1, depth, 0x10, {1, 2, 3, 4, 5, 6}, depth));
     EXPECT_EQ(At(image, 1, 0), (Pixel{4, 5, 6, 255})) << "depth " << int(depth) << ", its size as the id field";
   }
-  TargaImage packed = Decode(Targa(kRunLength, 3, 1, 24, 0x10, {0x82, 9, 8, 7}));
-  EXPECT_EQ(At(packed, 2, 0), (Pixel{9, 8, 7, 255}));
+}
+
+// Rows long enough for the block-wise split and its tail, stored raw or as
+// one raw packet per row, every pixel compared.
+TEST(TargaTest, LongRowsSplitEveryPixel) {
+  const int width = 37, height = 2;
+  for (std::uint8_t type : {kRaw, kRunLength})
+    for (int bytesPerPixel : {3, 4}) {
+      SCOPED_TRACE(std::to_string(type) + " at " + std::to_string(bytesPerPixel) + " bytes");
+      auto bytes = Targa(type, width, height, std::uint8_t(bytesPerPixel * 8), 0x10, {});
+      std::vector<int> expected;
+      for (int i = 0, byte = 0; i < width * height; ++i) {
+        if (type == kRunLength && i % width == 0) bytes.push_back(width - 1);
+        for (int c = 0; c < bytesPerPixel; ++c) bytes.push_back(std::uint8_t(byte++ * 7 + 3));
+        expected.insert(expected.end(), bytes.end() - bytesPerPixel, bytes.end());
+        if (bytesPerPixel == 3) expected.push_back(255);
+      }
+      TargaImage image = Decode(bytes);
+      std::vector<int> decoded;
+      for (int i = 0; i < width * height; ++i) {
+        Pixel pixel = At(image, i % width, i / width);
+        decoded.insert(decoded.end(), pixel.begin(), pixel.end());
+      }
+      EXPECT_EQ(decoded, expected);
+    }
 }
 
 TEST(TargaTest, RefusesOtherKindsAndEmptiesTheImage) {

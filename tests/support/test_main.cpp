@@ -17,7 +17,6 @@ StoredValue ReadValue(Registry& registry, RegKey root, std::u16string_view path,
   std::vector<std::uint8_t> data(size + 2, 0);
   if (registry.Query(key.get(), name, value.type, data.data(), size) != kRegSuccess) return value;
   value.present = true;
-  value.size = size;
   if (size >= 4) std::memcpy(&value.dword, data.data(), 4);
   if (value.type == kRegSz || value.type == kRegExpandSz) {
     value.text.assign(reinterpret_cast<const char16_t*>(data.data()), size / 2);

@@ -21,7 +21,6 @@ struct StoredValue {
   std::uint32_t type = 0;
   std::uint32_t dword = 0;
   std::u16string text;
-  std::uint32_t size = 0;
 };
 StoredValue ReadValue(Registry& registry, RegKey root, std::u16string_view path,
                       std::u16string_view name);

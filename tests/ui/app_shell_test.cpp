@@ -16,19 +16,12 @@
 #include "settings/schema.h"
 #include "settings/settings_io.h"
 #include "tests/ui/app_harness.h"
-#include "tests/ui/layout_check.h"
 
 namespace tw::test {
 namespace {
 
 constexpr char16_t kFilters[] = u"\\Program Files\\Orvex\\Tidewell\\TWFilters.txt";
 constexpr char16_t kCategories[] = u"Software\\Orvex\\Tidewell\\Categories";
-
-std::wstring SelectorText(int item) {
-  wchar_t text[256] = {};
-  SendMessageW(Shell().selector, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text));
-  return text;
-}
 
 HMENU ToolsMenu() {
   auto menu = reinterpret_cast<HMENU>(SendMessageW(Shell().menuBar, device::kMenuBarGetMenu, 0, 0));
@@ -160,50 +153,39 @@ TEST_F(ShellTest, FontSizeCommandOnlyOnTheFontsPage) {
   EXPECT_EQ(GetMenuItemCount(ToolsMenu()), 2) << "export and import stay";
 }
 
-TEST_F(ShellTest, FirstRunNoticeUntilDone) {
+// Cancel asks and, on Yes, saves nothing: not even that the notice was seen.
+TEST_F(ShellTest, FirstRunNoticeUntilDoneAndCancelSavesNothing) {
   ScopedKey key(registry(), kCurrentUser, kProductKey, true);
   registry().DeleteValue(key.get(), u"FirstTimeSettingsMsg");
-  const std::vector<std::wstring> notice = {EnglishText(kFirstRunNotice.caption) + L": " + EnglishText(kFirstRunNotice.text)};
+  WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 2);
+  const std::wstring notice = EnglishText(kFirstRunNotice.caption) + L": " + EnglishText(kFirstRunNotice.text),
+                     question = EnglishText(kAskCancel.caption) + L": " + EnglishText(kAskCancel.text);
+  for (int start = 0; start < 2; ++start) {
+    answerer_.boxes.clear();
+    ASSERT_NE(Start(kAboutPage), nullptr);
+    std::string before = RegistrySnapshot();
+    answerer_.AnswerYesNo(IDNO);
+    Command(IDM_CANCEL);
+    EXPECT_NE(Shell().slots[kAboutPage], nullptr) << "No keeps the window";
+    answerer_.AnswerYesNo(IDYES);
+    Command(IDM_CANCEL);
+    EXPECT_EQ(Window(), nullptr);
+    EXPECT_EQ(answerer_.Seen(), (std::vector<std::wstring>{notice, question, question}));
+    EXPECT_EQ(RegistrySnapshot(), before);
+  }
+  RECT box = answerer_.boxes[1].area;
+  EXPECT_TRUE(box.left >= 0 && box.top >= 0 && box.right <= 240 && box.bottom <= 320)
+      << "boxes stand on the device screen: " << box.left << "," << box.top << "-" << box.right << "," << box.bottom;
+  Pump();
+  EXPECT_EQ(listener_.Received(), 0);
 
   ASSERT_NE(Start(), nullptr);
-  EXPECT_EQ(answerer_.Seen(), notice);
-  answerer_.AnswerYesNo(IDYES);
-  Command(IDM_CANCEL);
-  EXPECT_EQ(Window(), nullptr);
-  EXPECT_FALSE(ReadValue(registry(), kCurrentUser, kProductKey, u"FirstTimeSettingsMsg").present);
-
-  answerer_.boxes.clear();
-  ASSERT_NE(Start(), nullptr);
-  EXPECT_EQ(answerer_.Seen(), notice) << "Cancel saved nothing";
   Command(IDOK);
-  EXPECT_EQ(Window(), nullptr);
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"FirstTimeSettingsMsg").dword, 1u);
-
   answerer_.boxes.clear();
   ASSERT_NE(Start(), nullptr);
   RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
   EXPECT_TRUE(answerer_.Seen().empty());
-}
-
-TEST_F(ShellTest, CancelAsksAndSavesNothing) {
-  WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 2);
-  ASSERT_NE(Start(kAboutPage), nullptr);
-  std::string before = RegistrySnapshot();
-  answerer_.AnswerYesNo(IDNO);
-  Command(IDM_CANCEL);
-  EXPECT_NE(Window(), nullptr) << "No keeps the window";
-  EXPECT_NE(Shell().slots[kAboutPage], nullptr);
-  answerer_.AnswerYesNo(IDYES);
-  Command(IDM_CANCEL);
-  EXPECT_EQ(Window(), nullptr);
-  const std::wstring question = EnglishText(kAskCancel.caption) + L": " + EnglishText(kAskCancel.text);
-  ASSERT_EQ(answerer_.Seen(), (std::vector<std::wstring>{question, question}));
-  RECT box = answerer_.boxes[0].area;
-  EXPECT_TRUE(box.left >= 0 && box.top >= 0 && box.right <= 240 && box.bottom <= 320)
-      << "boxes stand on the device screen: " << box.left << "," << box.top << "-" << box.right << "," << box.bottom;
-  EXPECT_EQ(RegistrySnapshot(), before);
-  Pump();
-  EXPECT_EQ(listener_.Received(), 0);
 }
 
 // Done with no page edited writes exactly what saving the loaded record
@@ -238,29 +220,25 @@ TEST_F(ShellTest, DoneSavesTheRecordAndBroadcasts) {
   EXPECT_FALSE(ReadValue(registry(), kCurrentUser, kProductKey, u"LockDpad").present) << "a default was dropped";
 }
 
-// The export takes the registry as it is, values of other programs included.
-TEST_F(ShellTest, ExportStraightAfterStart) {
+// The export takes the registry as it is, values of other programs included,
+// and keeps the program open. A missing file to import changes nothing; a
+// broken one keeps what was applied before the fault. Either way the window
+// and its pages stay as they were. A good one is saved with the lists and
+// ends the program. None broadcasts.
+TEST_F(ShellTest, ExportThenImportKeepsTheWindowOnFailureAndEndsOnSuccess) {
   WriteText(registry(), kCurrentUser, u"Software\\Orvex\\Tidewell\\Extra", u"Foreign", u"x");
-  WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 0xFFFFFFFF);
-  ASSERT_NE(Start(), nullptr);
-  Command(IDM_EXPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(kSettingsExported.caption));
-  std::vector<std::uint8_t> bytes;
-  files().ReadAll(kDocument, bytes);
-  std::string file(bytes.begin(), bytes.end());
-  EXPECT_EQ(file.rfind("\r\n[Software\\Orvex\\Tidewell]\r\n", 0), 0u) << file.substr(0, 80);
-  EXPECT_NE(file.find("\"OnClick\"=dword:-1\r\n"), std::string::npos);
-  EXPECT_NE(file.find("[Software\\Orvex\\Tidewell\\Extra]\r\n\"Foreign\"=\"x\"\r\n"), std::string::npos);
-  EXPECT_NE(file.find("[::Filters::]"), std::string::npos);
-  EXPECT_NE(Window(), nullptr) << "export keeps the program open";
-}
-
-// A missing file changes nothing; a broken one keeps what was applied before
-// the fault. Either way the window and its pages stay as they were.
-TEST_F(ShellTest, FailedImportKeepsTheWindowAndPages) {
+  WriteDatabase(u"\\Categories Database", {{{0x4001001F, 0, u"Business"}, {0x40020002, 3, u""}}});
   ASSERT_NE(Start(kAboutPage), nullptr);
   SettingsPage* about = Shell().slots[kAboutPage].get();
   std::vector<HWND> controls = about->Controls();
+  Command(IDM_EXPORT);
+  std::vector<std::uint8_t> bytes;
+  files().ReadAll(kDocument, bytes);
+  std::string file(bytes.begin(), bytes.end());
+  EXPECT_NE(file.find("[Software\\Orvex\\Tidewell\\Extra]\r\n\"Foreign\"=\"x\"\r\n"), std::string::npos) << file;
+  EXPECT_NE(file.find("[::Filters::]"), std::string::npos);
+
+  files().Delete(kDocument);
   std::string before = RegistrySnapshot();
   Command(IDM_IMPORT);
   EXPECT_EQ(LastCaption(), EnglishText(kCannotOpenSettingsFile.caption));
@@ -275,26 +253,20 @@ TEST_F(ShellTest, FailedImportKeepsTheWindowAndPages) {
   EXPECT_EQ(Shell().slots[kAboutPage].get(), about);
   EXPECT_EQ(about->Controls(), controls);
   for (HWND control : controls) EXPECT_TRUE(IsWindowVisible(control));
-  Pump();
-  EXPECT_EQ(listener_.Received(), 0);
-}
 
-TEST_F(ShellTest, SuccessfulImportReloadsSavesListsAndEnds) {
-  WriteDatabase(u"\\Categories Database", {{{0x4001001F, 0, u"Business"}, {0x40020002, 3, u""}}});
   WriteDocument(
-      "\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n\"FirstTimeSettingsMsg\"=dword:1\r\n"
+      "\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:3\r\n\"FirstTimeSettingsMsg\"=dword:1\r\n"
       "\r\n[::Categories::]\r\n\"Category\"=\"Business\"\r\n\"FiltersFlag\"=dword:6\r\n\"Color\"=dword:128\r\n");
-  ASSERT_NE(Start(kAboutPage), nullptr);
   Command(IDM_IMPORT);
   EXPECT_EQ(LastCaption(), EnglishText(kSettingsImported.caption));
   EXPECT_EQ(Window(), nullptr) << "the program ends after an import";
-  EXPECT_EQ(Settings().OnClick, 1) << "the record was read back";
-  EXPECT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"OnClick").dword, 1u);
+  EXPECT_EQ(Settings().OnClick, 3) << "the record was read back";
+  EXPECT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"OnClick").dword, 3u);
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kCategories, u"CatColor.Business").dword, 128u);
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kCategories, u"CatFilter.Business").dword, 6u);
   EXPECT_TRUE(files().Exists(kFilters));
   Pump();
-  EXPECT_EQ(listener_.Received(), 0) << "an import does not broadcast";
+  EXPECT_EQ(listener_.Received(), 0);
 }
 
 TEST_F(ShellTest, DensityPicksThePictureLibraryAndMenuImages) {
@@ -317,18 +289,14 @@ TEST_F(ShellTest, DensityPicksThePictureLibraryAndMenuImages) {
   }
 }
 
-TEST_F(ShellTest, LanguageLibraryFromTheSettingElseEnglish) {
-  const char16_t* folder = u"\\Program Files\\Orvex\\Tidewell\\LangRes\\";
-  WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile", folder + std::u16string(u"CPDeuRc.dll"));
+// A chosen library in use is the General page's test.
+TEST_F(ShellTest, MissingLanguageLibraryFallsBackToEnglish) {
+  WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile",
+            u"\\Program Files\\Orvex\\Tidewell\\LangRes\\Missing.dll");
   ASSERT_NE(Start(), nullptr);
-  EXPECT_NE(SelectorText(0), EnglishText(kPageNameTexts[0]));
-  EXPECT_FALSE(SelectorText(0).empty());
-  DestroyWindow(Window());
-  Pump();
-
-  WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile", folder + std::u16string(u"Missing.dll"));
-  ASSERT_NE(Start(), nullptr);
-  EXPECT_EQ(SelectorText(0), EnglishText(kPageNameTexts[0]));
+  wchar_t text[256] = {};
+  SendMessageW(Shell().selector, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(text));
+  EXPECT_EQ(text, EnglishText(kPageNameTexts[0]));
 }
 
 TEST(AboutPage, BuildDateReadsNaturally) {
@@ -340,25 +308,7 @@ TEST(AboutPage, BuildDateReadsNaturally) {
 // Every page as it exists, at each geometry: pages added later are checked
 // here as soon as their slot has a factory.
 TEST_F(ShellTest, EveryPageFitsTheWindowOnEachScreen) {
-  const struct {
-    const wchar_t* size;
-    int dpi, clientWidth, clientHeight;
-  } screens[] = {{L"240x320", 96, 240, 268}, {L"320x240", 96, 320, 188}, {L"480x640", 192, 480, 536}};
-  for (const auto& screen : screens) {
-    SCOPED_TRACE(screen.clientWidth);
-    SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
-    gScreen.dpiX = gScreen.dpiY = screen.dpi;
-    ASSERT_NE(Start(), nullptr);
-    RECT client;
-    GetClientRect(Window(), &client);
-    EXPECT_EQ(client.right, screen.clientWidth);
-    EXPECT_EQ(client.bottom, screen.clientHeight);
-    for (int page = 0; page < kPageCount; ++page) {
-      SelectPage(page);
-      for (const std::string& fault : CheckLayout(Window())) ADD_FAILURE() << "page " << page << ": " << fault;
-    }
-    DestroyWindow(Window());
-  }
+  CheckEveryScreen(L"page", kPageCount, [] {}, [this](int page) { SelectPage(page); });
 }
 
 }  // namespace

@@ -17,11 +17,17 @@ bool Contains(const RECT& outer, const RECT& inner) {
          inner.bottom <= outer.bottom;
 }
 
-bool Allowed(std::span<const Containment> allowed, HWND a, HWND b) {
-  return std::any_of(allowed.begin(), allowed.end(), [&](const Containment& pair) {
-    return (pair.outer == GetDlgCtrlID(a) && pair.inner == GetDlgCtrlID(b) && Contains(InParent(a), InParent(b))) ||
-           (pair.outer == GetDlgCtrlID(b) && pair.inner == GetDlgCtrlID(a) && Contains(InParent(b), InParent(a)));
-  });
+// "<class> #<id> '<text>' (l,t)-(r,b)" in the parent's client coordinates.
+std::string DescribeControl(HWND control) {
+  wchar_t name[64] = {}, text[64] = {};
+  GetClassNameW(control, name, 64);
+  GetWindowTextW(control, text, 64);
+  char narrow[512] = {};
+  WideCharToMultiByte(CP_UTF8, 0, (std::wstring(name) + L" #" + std::to_wstring(GetDlgCtrlID(control)) + L" '" +
+                                   text + L"'").c_str(), -1, narrow, sizeof narrow, nullptr, nullptr);
+  RECT area = InParent(control);
+  return narrow + (" (" + std::to_string(area.left) + "," + std::to_string(area.top) + ")-(" +
+                   std::to_string(area.right) + "," + std::to_string(area.bottom) + ")");
 }
 
 // A label or button whose text needs more room than the control gives it.
@@ -54,7 +60,7 @@ bool TextCutOff(HWND control) {
   return needed.right > room.right - room.left || needed.bottom > room.bottom - room.top;
 }
 
-void Check(HWND parent, std::span<const Containment> allowed, std::vector<std::string>& faults) {
+void Check(HWND parent, std::vector<std::string>& faults) {
   RECT client;
   GetClientRect(parent, &client);
   std::vector<HWND> children;
@@ -70,30 +76,18 @@ void Check(HWND parent, std::span<const Containment> allowed, std::vector<std::s
     if (TextCutOff(children[i])) faults.push_back(DescribeControl(children[i]) + " cuts its text off");
     for (size_t j = i + 1; j < children.size(); ++j) {
       RECT other = InParent(children[j]), common;
-      if (IntersectRect(&common, &area, &other) && !Allowed(allowed, children[i], children[j]))
+      if (IntersectRect(&common, &area, &other))
         faults.push_back(DescribeControl(children[i]) + " overlaps " + DescribeControl(children[j]));
     }
-    Check(children[i], allowed, faults);
+    Check(children[i], faults);
   }
 }
 
 }  // namespace
 
-std::string DescribeControl(HWND control) {
-  wchar_t name[64] = {}, text[64] = {};
-  GetClassNameW(control, name, 64);
-  GetWindowTextW(control, text, 64);
-  char narrow[512] = {};
-  WideCharToMultiByte(CP_UTF8, 0, (std::wstring(name) + L" #" + std::to_wstring(GetDlgCtrlID(control)) + L" '" +
-                                   text + L"'").c_str(), -1, narrow, sizeof narrow, nullptr, nullptr);
-  RECT area = InParent(control);
-  return narrow + (" (" + std::to_string(area.left) + "," + std::to_string(area.top) + ")-(" +
-                   std::to_string(area.right) + "," + std::to_string(area.bottom) + ")");
-}
-
-std::vector<std::string> CheckLayout(HWND window, std::span<const Containment> allowed) {
+std::vector<std::string> CheckLayout(HWND window) {
   std::vector<std::string> faults;
-  Check(window, allowed, faults);
+  Check(window, faults);
   return faults;
 }
 

@@ -97,26 +97,20 @@ void ExpectPicture(HMODULE module, int targaId, int bitmapId, int width, int hei
   SCOPED_TRACE("picture " + std::to_string(targaId != -1 ? targaId : bitmapId));
   tw::SkinImage image;
   ASSERT_EQ(tw::LoadSkinImage(image, u"", u"", module, targaId, bitmapId, key, false), 1);
+  const bool targa = targaId != -1;
+  ASSERT_EQ(targa ? image.planes.width : image.bitmapWidth, width);
+  ASSERT_EQ(targa ? image.planes.height : image.bitmapHeight, height);
+  HDC dc = CreateCompatibleDC(nullptr);
+  HGDIOBJ old = targa ? nullptr : SelectObject(dc, image.bitmap);
   int drawn = 0, clear = 0;
-  if (targaId != -1) {
-    ASSERT_EQ(image.planes.width, width);
-    ASSERT_EQ(image.planes.height, height);
-    for (int i = 0; i < width * height; ++i) {
-      drawn += image.planes.alpha[i] >= 128;
-      clear += image.planes.alpha[i] == 0;
-    }
-    EXPECT_GT(drawn, width * height / 8) << "too little is drawn";
-  } else {
-    ASSERT_EQ(image.bitmapWidth, width);
-    ASSERT_EQ(image.bitmapHeight, height);
-    HDC dc = CreateCompatibleDC(nullptr);
-    HGDIOBJ old = SelectObject(dc, image.bitmap);
-    for (int y = 0; y < height; ++y)
-      for (int x = 0; x < width; ++x) (GetPixel(dc, x, y) == key ? clear : drawn)++;
-    SelectObject(dc, old);
-    DeleteDC(dc);
-    EXPECT_GT(drawn, 0) << "nothing is drawn";
+  for (int i = 0; i < width * height; ++i) {
+    bool isClear = targa ? image.planes.alpha[i] == 0 : GetPixel(dc, i % width, i / width) == key;
+    clear += isClear;
+    drawn += targa ? image.planes.alpha[i] >= 128 : !isClear;
   }
+  if (old) SelectObject(dc, old);
+  DeleteDC(dc);
+  EXPECT_GT(drawn, targa ? width * height / 8 : 0) << "too little is drawn";
   // The thumb's middle piece fills its whole cell.
   if (key != CLR_INVALID && bitmapId != IDB_THUMB_MIDDLE) {
     EXPECT_GT(clear, 0) << "nothing is transparent";
