@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 #include <string>
 
 #include "pages/general_page.h"
@@ -83,19 +84,21 @@ TEST_F(GeneralTest, TypedHeightsKeepValuesOutsideTheList) {
   EXPECT_EQ(Saved(&SettingsStore::dHeightLimit), 256);
 }
 
-// The texts a library holds that the other language words differently.
-std::vector<std::wstring> TextsOnlyIn(const wchar_t* library, const wchar_t* other) {
-  HMODULE own = LoadLibraryW((std::wstring(TW_LIBRARY_FOLDER) + L"\\LangRes\\" + library).c_str());
-  HMODULE theirs = LoadLibraryW((std::wstring(TW_LIBRARY_FOLDER) + L"\\LangRes\\" + other).c_str());
-  std::vector<std::wstring> texts;
+// The texts the two libraries word differently: English's and German's.
+std::pair<std::set<std::wstring>, std::set<std::wstring>> TextsThatDiffer() {
+  HMODULE english = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LangRes\\CPEngRc.dll");
+  HMODULE german = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LangRes\\CPDeuRc.dll");
+  std::pair<std::set<std::wstring>, std::set<std::wstring>> texts;
   for (unsigned id : kLanguageTexts) {
     wchar_t a[1024] = {}, b[1024] = {};
-    LoadStringW(own, id, a, 1024);
-    LoadStringW(theirs, id, b, 1024);
-    if (lstrcmpW(a, b) != 0 && a[0] != 0) texts.push_back(a);
+    LoadStringW(english, id, a, 1024);
+    LoadStringW(german, id, b, 1024);
+    if (lstrcmpW(a, b) == 0) continue;
+    if (a[0] != 0) texts.first.insert(a);
+    if (b[0] != 0) texts.second.insert(b);
   }
-  FreeLibrary(own);
-  FreeLibrary(theirs);
+  FreeLibrary(english);
+  FreeLibrary(german);
   return texts;
 }
 
@@ -146,18 +149,14 @@ TEST_F(GeneralTest, ChosenLanguageAndSkinTakeEffectAtTheNextStart) {
   EXPECT_EQ(Settings().skin.name.View(), u"Harbour");
   EXPECT_EQ(Settings().skin.textColor[0], RGB(16, 40, 78));
   EXPECT_EQ(Settings().skin.folder.View(), skins + u"\\Harbour") << "where the preview's pictures load from";
-  const std::vector<std::wstring> english = TextsOnlyIn(L"CPEngRc.dll", L"CPDeuRc.dll"),
-                                   german = TextsOnlyIn(L"CPDeuRc.dll", L"CPEngRc.dll");
-  auto holds = [](const std::vector<std::wstring>& texts, const std::wstring& text) {
-    return std::find(texts.begin(), texts.end(), text) != texts.end();
-  };
+  const auto [english, german] = TextsThatDiffer();
   for (int slot = 0; slot < kPageCount; ++slot) {
     if (kPages[slot].make == nullptr) continue;
     SelectPage(slot);
     int inGerman = 0;
     for (const std::wstring& text : ShownTexts(*Shell().slots[slot])) {
-      EXPECT_FALSE(holds(english, text)) << "page " << slot << " still shows English: " << Show(AsU16(text.c_str()));
-      inGerman += holds(german, text);
+      EXPECT_EQ(english.count(text), 0u) << "page " << slot << " still shows English: " << Show(AsU16(text.c_str()));
+      inGerman += int(german.count(text));
     }
     EXPECT_TRUE(slot == kAboutPage || inGerman > 0) << "page " << slot << " shows no German text";
   }

@@ -34,9 +34,7 @@ class IconStripTest : public ::testing::Test {
  protected:
   void SetUp() override { gScreen.dpiX = gScreen.dpiY = 96; }
   void TearDown() override {
-    DestroyWindow(strip_);
-    FreeLibrary(pictures_);
-    FreeLibrary(english_);
+    DestroyWindow(strip_), FreeLibrary(pictures_), FreeLibrary(english_);
     gScreen.dpiX = gScreen.dpiY = 96;
   }
 
@@ -58,8 +56,7 @@ class IconStripTest : public ::testing::Test {
     LockIconStripItem(strip_, kReminder);
   }
   std::vector<int> States() const {
-    return {IconStripItemState(strip_, kNote), IconStripItemState(strip_, kRecurring),
-            IconStripItemState(strip_, kReminder)};
+    return {IconStripItemState(strip_, kNote), IconStripItemState(strip_, kRecurring), IconStripItemState(strip_, kReminder)};
   }
   void Press(int x) { SendMessageW(strip_, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, 8)); }
   void Release(int x) { SendMessageW(strip_, WM_LBUTTONUP, 0, MAKELPARAM(x, 8)); }
@@ -116,15 +113,6 @@ void CALLBACK ReadAndPick(HWND, UINT, UINT_PTR timer, DWORD) {
   PostMessageW(menuWindow, WM_KEYDOWN, VK_RETURN, 0);
 }
 
-std::vector<std::wstring> OpenMenuAndPick(HWND strip, int entry) {
-  gEntries.clear(), gDowns = entry;
-  SetTimer(nullptr, 0, 50, ReadAndPick);
-  SendMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, 8));
-  SendMessageW(strip, WM_LBUTTONUP, 0, MAKELPARAM(8, 8));
-  test::Pump();  // the choice arrives as a posted command
-  return gEntries;
-}
-
 TEST_F(IconStripTest, CollapsedTheMenuTurnsTheChosenItemOffAndAllOthersOn) {
   Make(true);
   AddThree();
@@ -140,7 +128,11 @@ TEST_F(IconStripTest, CollapsedTheMenuTurnsTheChosenItemOffAndAllOthersOn) {
       {2, {L"None 0 checked", L"Note 1144", L"Recurring 1145", L"Reminder 1146"}, {kOff, kOn, kOn}},
   };
   for (const auto& visit : visits) {
-    EXPECT_EQ(OpenMenuAndPick(strip_, visit.pick), visit.entries);
+    gEntries.clear(), gDowns = visit.pick;
+    SetTimer(nullptr, 0, 50, ReadAndPick);
+    Tap(8);
+    test::Pump();  // the choice arrives as a posted command
+    EXPECT_EQ(gEntries, visit.entries);
     EXPECT_EQ(States(), visit.states) << "after entry " << visit.pick;
   }
   EXPECT_EQ(parent_.log, std::vector<Logged>(3, kChanged)) << "opening the menu alone tells nothing";
