@@ -22,6 +22,7 @@ namespace {
 struct Pending {
   std::vector<std::pair<int, Step>> steps;
   std::vector<HWND> played;
+  int waited = 0;  // ticks since the last step found its dialog
 } gPending;
 const wchar_t* gScreenName = L"240x320";
 
@@ -43,10 +44,19 @@ HWND FindDialog(int marker, const std::vector<HWND>& played) {
 }
 
 // Runs inside the dialog's loop, and again inside a dialog that a step opens.
+// A step whose dialog never comes (another one opened instead) gives up and
+// closes what is open, so a wrong dialog never hangs the suite either.
 void CALLBACK PlayNext(HWND, UINT, UINT_PTR, DWORD) {
   if (gPending.steps.empty()) return;
   HWND dialog = FindDialog(gPending.steps.front().first, gPending.played);
+  if (dialog == nullptr && ++gPending.waited > 250) {
+    ADD_FAILURE() << "no dialog holding control " << gPending.steps.front().first << " came";
+    gPending.steps.clear();
+    for (HWND open = nullptr; (open = FindWindowExW(nullptr, open, L"#32770", nullptr)) != nullptr;)
+      if (GetWindowThreadProcessId(open, nullptr) == GetCurrentThreadId()) PostMessageW(open, WM_COMMAND, IDCANCEL, 0);
+  }
   if (dialog == nullptr) return;
+  gPending.waited = 0;
   gPending.played.push_back(dialog);
   Step step = std::move(gPending.steps.front().second);
   gPending.steps.erase(gPending.steps.begin());

@@ -9,8 +9,8 @@
 #include "base/scaling.h"
 #include "pages/common_controls.h"
 #include "pages/row_list_page.h"
-#include "settings/schema.h"
 #include "platform/win32/wide.h"
+#include "settings/schema.h"
 #include "tests/ui/app_harness.h"
 
 namespace tw::test {
@@ -60,8 +60,8 @@ class RowPageTest : public AppTest {
   }
   // Every row of the lists and every control of the forms, in one walk: each
   // shows the record's value with its texts and is changed as a user would,
-  // and Done saves the change under the row's own name. The record is set
-  // first, since forms are filled when their page is made.
+  // and Done saves the change under the row's own name. Call it before the
+  // page is made: forms are filled then, from the record this sets.
   void WalkEveryRow(std::span<const RowTab> tabs) {
     constexpr std::int32_t kSomeFlags = 8 | 2;
     auto each = [&](auto visit) {
