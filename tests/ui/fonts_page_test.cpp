@@ -63,7 +63,6 @@ TEST_F(FontsTest, SizesStoreTheirNumberAndNoSelectionStoresNine) {
   EXPECT_EQ(Saved(u"FontGnrlTitlesSize"), 20u);
 }
 
-// The switch disables the sizes and makes Change open the font chooser.
 TEST_F(FontsTest, AdvancedSwitchDisablesTheSizesAndOpensTheFontChooser) {
   OpenPage();
   const F::Control sizes[] = {F::kGeneralLabel, F::kGeneralSize, F::kTitleLabel, F::kTitleSize};

@@ -230,8 +230,6 @@ TEST_F(GeneralTest, LeavingStoresTheShownRowOnly) {
   EXPECT_EQ(Saved(&SettingsStore::LoadingDelay), 5);
 }
 
-// Every sub-tab at each screen, with an editor shown; the pictures are kept
-// under the build tree.
 TEST_F(GeneralTest, EveryTabFitsEachScreen) {
   CheckEveryScreen(L"general", kGeneralTabCount, [&] { OpenPage(); }, [&](int tab) {
     SelectTab(tab);

@@ -225,7 +225,6 @@ TEST_F(ScrollerTest, LeavesNoGraphicsObjectsBehind) {
   EXPECT_LE(test::CountGdiObjects(), before + 2);
 }
 
-// Pictures at both densities, with the bar on either side.
 TEST_F(ScrollerTest, LooksRightAtBothDensities) {
   for (int dpi : {96, 192}) {
     gScreen.dpiX = gScreen.dpiY = dpi;

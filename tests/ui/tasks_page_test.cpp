@@ -96,7 +96,6 @@ TEST_F(TasksTest, DateSamplesReachIntoTheNextMonthAndYear) {
   }
 }
 
-// Every tab at each screen; the pictures are kept under the build tree.
 TEST_F(TasksTest, EveryTabFitsEachScreen) {
   CheckEveryScreen(L"tasks", kTasksTabCount, [&] { OpenPage(); }, [&](int tab) { SelectTab(tab); });
 }
