@@ -8,18 +8,14 @@
 
 #include <string>
 
-#include "app/shell.h"
 #include "base/scaling.h"
 #include "data/schemes.h"
 #include "pages/colours_page.h"
-#include "pages/common_controls.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
-#include "settings/schema.h"
 #include "tests/support/record_text.h"
-#include "tests/ui/app_harness.h"
 #include "tests/ui/dialog_driver.h"
-#include "tests/ui/modal_step.h"
+#include "tests/ui/row_page_test.h"
 
 namespace tw::test {
 namespace {
@@ -31,13 +27,7 @@ constexpr char16_t kBackup[] = u"\\My Documents\\TW_Settings.bak";
 constexpr int kGeneralFontColourRow = 2;
 using C = ColoursPage;
 
-const char16_t* ColourName(NumberField field) {
-  for (const ValueSpec& value : kColorsKey.values)
-    if (value.dword == field) return value.name;
-  return nullptr;
-}
-
-class ColoursTest : public AppTest {
+class ColoursTest : public RowPageTest<ColoursPage, kColoursSlot> {
  protected:
   void TearDown() override {
     for (const std::u16string& name : ListSchemes(files(), Settings().InstallFolder.View()))
@@ -45,24 +35,14 @@ class ColoursTest : public AppTest {
     files().Delete(kBackup);
     AppTest::TearDown();
   }
-  ColoursPage* OpenPage() {
-    if (Window() == nullptr) Start();
-    SelectPage(kColoursSlot);
-    return Page();
-  }
-  ColoursPage* Page() { return static_cast<ColoursPage*>(Shell().slots[kColoursSlot].get()); }
   HWND Control(C::Control control) { return Page()->Window(control); }
+  void Press(C::Control button) { RowPageTest::Press(Control(button)); }
   void SelectTab(int tab) { TapTab(Control(C::kTabs), tab); }
-  void Press(C::Control button) {
-    HWND control = Control(button);
-    SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED),
-                 reinterpret_cast<LPARAM>(control));
-    Pump();
-  }
   // Change colour on a row, the picker played by `step`.
-  void ChangeColour(int row, ModalStep step) {
+  void ChangeColour(int row, Step step) {
     ListViewSelect(Control(C::kColourList), row);
-    WithModal(IDC_RED_SLIDER, std::move(step), [&] { Press(C::kChangeColour); });
+    Then(IDC_RED_SLIDER, std::move(step));
+    PlaySteps([&] { Press(C::kChangeColour); });
   }
   COLORREF SwatchCentre() {
     RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -76,9 +56,6 @@ class ColoursTest : public AppTest {
     return std::u16string(Settings().InstallFolder.View()) + u"\\Schemes\\" + fileName;
   }
   std::wstring LastCaption() { return answerer_.boxes.empty() ? L"" : answerer_.boxes.back().caption; }
-  std::uint32_t SavedColour(const char16_t* name) {
-    return ReadValue(registry(), kCurrentUser, kColorsPath, name).dword;
-  }
 };
 
 // The rows' order is not the record's: each row must edit its own field,
@@ -98,12 +75,8 @@ TEST_F(ColoursTest, EveryRowEditsItsOwnColour) {
     EXPECT_EQ(page->SelectedColour(), i);
     EXPECT_EQ(SwatchCentre(), RGB(10 + i, 0, 0));
   }
-  for (int i = 0; i < int(rows.size()); ++i) EXPECT_EQ(Settings().*rows[i].field, RGB(10 + i, 0, 0)) << i;
   Command(IDOK);
-  for (int i = 0; i < int(rows.size()); ++i) {
-    ASSERT_NE(ColourName(rows[i].field), nullptr);
-    EXPECT_EQ(SavedColour(ColourName(rows[i].field)), RGB(10 + i, 0, 0)) << Show(ColourName(rows[i].field));
-  }
+  for (int i = 0; i < int(rows.size()); ++i) EXPECT_EQ(Saved(rows[i].field), std::int32_t(RGB(10 + i, 0, 0))) << i;
 }
 
 TEST_F(ColoursTest, NoneStoresNoColourAndTheDefaultComesBack) {
@@ -129,8 +102,6 @@ TEST_F(ColoursTest, SchemesSaveApplyAndDelete) {
   WriteDword(registry(), kCurrentUser, kFontsPath, u"FontGenerallfHeight", 20);
   OpenPage();
   SelectTab(C::kSchemesTab);
-  EXPECT_TRUE(IsWindowVisible(Control(C::kSchemeList)));
-  EXPECT_FALSE(IsWindowVisible(Control(C::kColourList)));
   Press(C::kApplyScheme);
   EXPECT_EQ(LastCaption(), EnglishText(kNoSchemeSelected.caption)) << "an empty list has nothing to apply";
   SaveScheme(L"");
@@ -171,7 +142,7 @@ TEST_F(ColoursTest, SchemesSaveApplyAndDelete) {
   EXPECT_EQ(Window(), nullptr) << "applying a scheme ends the program";
   ASSERT_EQ(answerer_.boxes.size(), boxes + 1) << "only the question, no success message";
   EXPECT_EQ(LastCaption(), EnglishText(kAskLoadScheme.caption));
-  EXPECT_EQ(SavedColour(u"GeneralFontColor"), 255u);
+  EXPECT_EQ(Saved(&SettingsStore::GeneralFontColor), 255);
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kFontsPath, u"FontGenerallfHeight").dword, 20u);
   EXPECT_EQ(Settings().GeneralFontColor, 255) << "the record was read back";
   std::vector<std::uint8_t> backup;

@@ -19,7 +19,11 @@
 namespace tw::test {
 namespace {
 
-DialogTest* gDriven = nullptr;
+struct Pending {
+  std::vector<std::pair<int, Step>> steps;
+  std::vector<HWND> played;
+  int waited = 0;  // ticks since the last step found its dialog
+} gPending;
 const wchar_t* gScreenName = L"240x320";
 
 void UseScreen(const wchar_t* name, int dpi) {
@@ -37,6 +41,31 @@ HWND FindDialog(int marker, const std::vector<HWND>& played) {
         std::find(played.begin(), played.end(), found) == played.end())
       return found;
   return nullptr;
+}
+
+// Runs inside the dialog's loop, and again inside a dialog that a step opens.
+// A step whose dialog never comes (another one opened instead) gives up and
+// closes what is open, so a wrong dialog never hangs the suite either.
+void CALLBACK PlayNext(HWND, UINT, UINT_PTR, DWORD) {
+  if (gPending.steps.empty()) return;
+  HWND dialog = FindDialog(gPending.steps.front().first, gPending.played);
+  if (dialog == nullptr && ++gPending.waited > 250) {
+    ADD_FAILURE() << "no dialog holding control " << gPending.steps.front().first << " came";
+    gPending.steps.clear();
+    for (HWND open = nullptr; (open = FindWindowExW(nullptr, open, L"#32770", nullptr)) != nullptr;)
+      if (GetWindowThreadProcessId(open, nullptr) == GetCurrentThreadId()) PostMessageW(open, WM_COMMAND, IDCANCEL, 0);
+  }
+  if (dialog == nullptr) return;
+  gPending.waited = 0;
+  gPending.played.push_back(dialog);
+  Step step = std::move(gPending.steps.front().second);
+  gPending.steps.erase(gPending.steps.begin());
+  UpdateWindow(dialog);
+  step(dialog);
+  if (IsWindow(dialog) && IsWindowVisible(dialog)) {
+    ADD_FAILURE() << "a step left its dialog open";
+    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+  }
 }
 
 // The dialog's menu bar and the middle of its button, or no bar.
@@ -61,41 +90,22 @@ void DialogTest::SetUp() {
   owner_ = CreateWindowExW(0, L"Static", L"Owner", WS_POPUP | WS_VISIBLE, work.left, work.top, work.right - work.left,
                            work.bottom - work.top, nullptr, nullptr, nullptr, nullptr);
   ASSERT_NE(owner_, nullptr);
-  gDriven = this;
 }
 
 void DialogTest::TearDown() {
-  gDriven = nullptr;
   DestroyWindow(owner_);
   UseScreen(L"240x320", 96);
   Pump();
 }
 
-void DialogTest::Then(int marker, Step step) { steps_.emplace_back(marker, std::move(step)); }
+void Then(int marker, Step step) { gPending.steps.emplace_back(marker, std::move(step)); }
 
-void DialogTest::StartSteps() { timer_ = SetTimer(nullptr, 0, 20, Tick); }
-
-void DialogTest::StopSteps() {
-  KillTimer(nullptr, timer_);
-  EXPECT_TRUE(steps_.empty()) << steps_.size() << " step(s) found no dialog";
-  steps_.clear();
-}
-
-// Runs inside the dialog's loop, and again inside a dialog that a step opens.
-void CALLBACK DialogTest::Tick(HWND, UINT, UINT_PTR, DWORD) {
-  DialogTest* test = gDriven;
-  if (test == nullptr || test->steps_.empty()) return;
-  HWND dialog = FindDialog(test->steps_.front().first, test->played_);
-  if (dialog == nullptr) return;
-  test->played_.push_back(dialog);
-  Step step = std::move(test->steps_.front().second);
-  test->steps_.erase(test->steps_.begin());
-  UpdateWindow(dialog);
-  step(dialog);
-  if (IsWindow(dialog) && IsWindowVisible(dialog)) {
-    ADD_FAILURE() << "a step left its dialog open";
-    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-  }
+void PlaySteps(const std::function<void()>& open) {
+  UINT_PTR timer = SetTimer(nullptr, 0, 20, PlayNext);
+  open();
+  KillTimer(nullptr, timer);
+  EXPECT_TRUE(gPending.steps.empty()) << gPending.steps.size() << " step(s) found no dialog";
+  gPending = {};
 }
 
 void DialogTest::OnEveryScreen(int marker, const std::wstring& name, const std::function<void()>& open, Step more) {
@@ -112,7 +122,7 @@ void DialogTest::OnEveryScreen(int marker, const std::wstring& name, const std::
       if (more) more(dialog);
       TapMenuBar(dialog, IDM_CANCEL);
     });
-    Run([&] { return open(), 0; });
+    PlaySteps(open);
   }
 }
 

@@ -65,7 +65,7 @@ void TapRow(HWND dialog, const std::wstring& text) {
   Tap(list, {area.left + 5, (area.top + area.bottom) / 2});
 }
 
-TEST_F(FileChooserTest, FilesModeGoesDownAndUpAndChoosesAFile) {
+TEST_F(FileChooserTest, BothModesGoDownAndUpAndChoose) {
   wchar_t path[kChooserPathCapacity] = L"\\twdlg";
   Then(IDC_CHOOSER_LIST, [&](HWND dialog) {
     EXPECT_EQ(Rows(dialog), (std::vector<std::wstring>{L"apps\\", L"Docs\\", L"zeta.txt"}));
@@ -89,10 +89,9 @@ TEST_F(FileChooserTest, FilesModeGoesDownAndUpAndChoosesAFile) {
   EXPECT_STREQ(path, L"\\twdlg\\Docs\\b.txt");
   ASSERT_EQ(answerer_.boxes.size(), 1u);
   EXPECT_EQ(answerer_.boxes[0].text, EnglishText(kTextNoFileChosen));
-}
 
-TEST_F(FileChooserTest, FolderModeListsFoldersAndChoosesTheOneShown) {
-  wchar_t path[kChooserPathCapacity] = L"\\TWDLG\\docs\\b.txt";
+  // Folder mode lists folders only and chooses the one shown.
+  wcscpy(path, L"\\TWDLG\\docs\\b.txt");
   Then(IDC_CHOOSER_LIST, [&](HWND dialog) {
     EXPECT_EQ(ItemText(dialog, IDC_CHOOSER_PATH), L"\\twdlg\\Docs") << "starts in the folder of the path given";
     EXPECT_EQ(Rows(dialog), (std::vector<std::wstring>{L"Notes\\"}));

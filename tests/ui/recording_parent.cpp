@@ -76,26 +76,23 @@ void Settle(HWND window) {
   }
 }
 
-tools::Capture Shot(HWND window) {
+tools::Capture Shot(HWND window, RECT area) {
   Settle(window);
-  RECT area;
-  GetWindowRect(window, &area);
+  if (IsRectEmpty(&area)) GetWindowRect(window, &area);
   tools::Capture capture;
-  tools::CaptureScreen(area, capture);
+  if (!tools::CaptureScreen(area, capture)) return {};
   return capture;
 }
 
 std::wstring SaveScreenshot(const std::wstring& name, HWND window, RECT area) {
-  Settle(window);
-  if (IsRectEmpty(&area)) GetWindowRect(window, &area);
   wchar_t program[MAX_PATH] = {};
   GetModuleFileNameW(nullptr, program, MAX_PATH);
   std::wstring folder = program;
   folder = folder.substr(0, folder.find_last_of(L'\\')) + L"\\screenshots";
   CreateDirectoryW(folder.c_str(), nullptr);
   std::wstring path = folder + L"\\" + name + L".bmp";
-  tools::Capture capture;
-  if (!tools::CaptureScreen(area, capture) || !tools::WriteBmp(path, capture)) return L"";
+  tools::Capture capture = Shot(window, area);
+  if (capture.width == 0 || !tools::WriteBmp(path, capture)) return L"";
   printf("screenshot %ls\n", path.c_str());
   return path;
 }

@@ -44,8 +44,8 @@ class RecordingParent {
 
 // Paints what is pending and waits for the screen to show it.
 void Settle(HWND window);
-// What the screen shows of a window, after Settle.
-tools::Capture Shot(HWND window);
+// What the screen shows of a window (or of `area` when given), after Settle.
+tools::Capture Shot(HWND window, RECT area = {});
 // Writes what the screen shows of the window (or of `area` when given) to
 // screenshots\<name>.bmp beside the test program; the path, or empty.
 std::wstring SaveScreenshot(const std::wstring& name, HWND window, RECT area = {});

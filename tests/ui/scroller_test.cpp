@@ -64,7 +64,10 @@ class ScrollerTest : public ::testing::Test {
   HWND scroller_ = nullptr;
 };
 
-TEST_F(ScrollerTest, ContentThatFitsShowsNoBarAndPressesGoToTheParent) {
+// Content that fits shows no bar and passes presses on; content that
+// shrinks pulls the view back, the paint that finds it shorter asking again
+// from the new limit.
+TEST_F(ScrollerTest, ContentThatFitsShowsNoBarAndShrinkingContentPullsTheViewBack) {
   Make(150);
   tools::Capture shot = test::Shot(scroller_);
   for (int y : {kUp, 100, kDown}) EXPECT_EQ(PixelAt(shot, kBarX, y), PixelAt(shot, 60, y)) << "bar drawn at y " << y;
@@ -77,17 +80,12 @@ TEST_F(ScrollerTest, ContentThatFitsShowsNoBarAndPressesGoToTheParent) {
                                   {WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(20, 50)}};
   EXPECT_EQ(parent_.log, expected) << "releases and moves in the bar column stay with the scroller";
   EXPECT_EQ(Position(), 0);
-}
-
-TEST_F(ScrollerTest, ContentThatShrinksPullsTheViewBack) {
   Make(1000);
   ScrollTo(700);
-  // The paint that finds the content shorter asks again from the new limit.
-  const struct { int content; std::vector<int> drawnFrom; } cases[] = {{300, {700, 100}}, {120, {100, 0}}};
-  for (const auto& c : cases) {
-    parent_.contentHeight = c.content;
+  for (auto [content, drawnFrom] : {std::pair{300, std::vector{700, 100}}, std::pair{120, std::vector{100, 0}}}) {
+    parent_.contentHeight = content;
     Repaint();
-    EXPECT_EQ(parent_.drawnFrom, c.drawnFrom) << "content " << c.content;
+    EXPECT_EQ(parent_.drawnFrom, drawnFrom) << "content " << content;
   }
 }
 
@@ -145,12 +143,14 @@ TEST_F(ScrollerTest, ArrowTapsCoastStopAtTheEndsAndJumpWhenQuick) {
   EXPECT_TRUE(parent_.log.empty());
 }
 
-TEST_F(ScrollerTest, DraggingTheThumbFollowsTheStylusAndAboveTheWindowCountsAsTheTop) {
+// The thumb follows the stylus: 20 of 160 pixels of travel move an eighth
+// of 800; above the top edge y arrives as 65506, which counts as 0; leaving
+// the bar column ends the drag. The track pages when the stylus lifts, and
+// a page past an end stops there.
+TEST_F(ScrollerTest, TheThumbFollowsTheStylusAndTheTrackPagesOnRelease) {
   Make(1000);
   ScrollTo(400);  // the 12-pixel thumb sits half way along its travel 14..186: y 94..106
   Press(kBarX, 100);
-  // 20 of 160 pixels of travel move an eighth of 800; above the top edge y
-  // arrives as 65506, which counts as 0; leaving the bar column ends the drag.
   const struct { int x, y, position; } moves[] = {
       {kBarX, 120, 500}, {kBarX, 120, 500}, {kBarX, -30, 0}, {kBarX, 100, 500}, {10, 100, 500}, {kBarX, 150, 500}};
   for (const auto& m : moves) {
@@ -158,21 +158,17 @@ TEST_F(ScrollerTest, DraggingTheThumbFollowsTheStylusAndAboveTheWindowCountsAsTh
     EXPECT_EQ(Position(), m.position) << "moved to " << m.x << ", " << m.y;
   }
   Release(kBarX, 150);
-  EXPECT_TRUE(parent_.log.empty());
-}
-
-TEST_F(ScrollerTest, TouchingTheTrackPagesOnRelease) {
-  Make(1000);
+  ScrollTo(0);
   Press(kBarX, 150);
   EXPECT_EQ(Position(), 0) << "the page moves only when the stylus lifts";
   Release(kBarX, 150);
-  // Below or above the thumb; a page past the end stops at the end.
-  const struct { int from, y, to; } cases[] = {{200, 30, 0}, {0, 150, 200}, {700, 180, 800}, {100, 30, 0}};
-  for (const auto& c : cases) {
+  const struct { int from, y, to; } taps[] = {{200, 30, 0}, {0, 150, 200}, {700, 180, 800}, {100, 30, 0}};
+  for (const auto& c : taps) {
     ScrollTo(c.from);
     Tap(kBarX, c.y);
     EXPECT_EQ(Position(), c.to) << "from " << c.from << " touching y " << c.y;
   }
+  EXPECT_TRUE(parent_.log.empty());
 }
 
 TEST_F(ScrollerTest, PressesReportTheFirstHitBandHoldingThem) {
@@ -229,7 +225,6 @@ TEST_F(ScrollerTest, LeavesNoGraphicsObjectsBehind) {
   EXPECT_LE(test::CountGdiObjects(), before + 2);
 }
 
-// Pictures at both densities, with the bar on either side.
 TEST_F(ScrollerTest, LooksRightAtBothDensities) {
   for (int dpi : {96, 192}) {
     gScreen.dpiX = gScreen.dpiY = dpi;
