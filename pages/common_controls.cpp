@@ -116,7 +116,6 @@ int ListViewSelection(HWND list) {
   return static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
 }
 
-int ListViewSelectionMark(HWND list) { return static_cast<int>(SendMessageW(list, LVM_GETSELECTIONMARK, 0, 0)); }
 
 void TabAdd(HWND tabs, std::u16string_view label) {
   std::wstring terminated = ToWide(label);

@@ -48,7 +48,6 @@ void ListViewSelect(HWND list, int row);
 // -1 when no row is selected.
 int ListViewSelection(HWND list);
 // The row last selected, -1 when none ever was.
-int ListViewSelectionMark(HWND list);
 
 // Tab strip.
 void TabAdd(HWND tabs, std::u16string_view label);

@@ -383,9 +383,13 @@ void RowListPage::ShowTab(int tab, int showCommand) {
   HideEditors();
 }
 
+// The editor shows the selected row. The selection mark agrees after a tap,
+// but not after one selected by a message to the list; storing at the
+// mark then wrote the editor's value into another row's setting.
 void RowListPage::StoreShownRow(int tab) {
   HWND list = List(tab);
-  if (list != nullptr && ListViewSelection(list) >= 0) Store(ListViewSelectionMark(list) + 1, tab);
+  int row = list != nullptr ? ListViewSelection(list) : -1;
+  if (row >= 0) Store(row + 1, tab);
 }
 
 void RowListPage::HideEditors() {

@@ -78,10 +78,10 @@ TEST_F(GeneralTest, TypedHeightsKeepValuesOutsideTheList) {
   EXPECT_EQ(GetText(combo), u"256") << "the stored value shown again";
   SelectRow({0, 4});
   EXPECT_EQ(ComboText(EditorWindow(kNumberCombo), 0), u"0") << "the other number row's own list";
-  Deselect();
-  EXPECT_EQ(Settings().dHeightLimit, 256);
-  Command(IDOK);
+  SetText(combo, u"300");
+  Command(IDOK);  // the row still shown is stored, and only into its own setting
   EXPECT_EQ(Saved(&SettingsStore::dHeightLimit), 256);
+  EXPECT_EQ(Saved(&SettingsStore::dHeightLimitLandscape), 300);
 }
 
 // The texts the two libraries word differently: English's and German's.
