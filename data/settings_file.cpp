@@ -52,7 +52,8 @@ struct EnumeratedValue {
 class ValueEnumerator {
  public:
   ValueEnumerator(Registry& registry, RegKey key, bool whole)
-      : registry_(registry), key_(key), whole_(whole), name_(whole ? kWholeNameChars : kNameChars), data_(kDataBytes + 2) {}
+      : registry_(registry), key_(key), whole_(whole), name_(whole ? kWholeNameChars : kNameChars),
+        data_(kDataBytes + 2) {}
 
   bool Next(EnumeratedValue& value) {
     for (;;) {

@@ -29,8 +29,9 @@ class SettingsBackupTest : public SettingsTest {
     for (const KeySpec* key : ProductKeys()) {
       OverwriteValues<SettingsStore>(key->path, key->values);
       for (const FontSpec& font : key->fonts)
-        for (const char16_t* field : {u"lfWeight", u"lfItalic", u"lfUnderline", u"lfStrikeOut", u"lfHeight", u"lfColor"})
-          Put(key->path, font.name + std::u16string(field), field == std::u16string_view(u"lfWeight") ? 700 : 1);
+        for (std::u16string_view field :
+             {u"lfWeight", u"lfItalic", u"lfUnderline", u"lfStrikeOut", u"lfHeight", u"lfColor"})
+          Put(key->path, font.name + std::u16string(field), field == u"lfWeight" ? 700 : 1);
     }
     OverwriteValues(kTab, HostedTabValues());
   }
