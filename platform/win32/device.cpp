@@ -51,7 +51,8 @@ HWND CreateFullScreenWindow(DWORD exStyle, const wchar_t* className, const wchar
 }
 
 bool RegisterWindowClass(const WNDCLASSW& windowClass) {
-  WNDCLASSEXW desktop = {sizeof desktop};
+  WNDCLASSEXW desktop = {};
+  desktop.cbSize = sizeof desktop;
   desktop.style = windowClass.style;
   desktop.lpfnWndProc = windowClass.lpfnWndProc;
   desktop.cbClsExtra = windowClass.cbClsExtra;

@@ -28,9 +28,9 @@ struct Button {
 };
 
 struct BarState {
-  HWND owner;
-  HMENU menu;
-  HFONT font;
+  HWND owner = nullptr;
+  HMENU menu = nullptr;
+  HFONT font = nullptr;
   HBITMAP images = nullptr;  // square cells side by side
   COLORREF mask = 0;
   std::vector<Button> buttons;
@@ -114,7 +114,11 @@ BarState* MakeBar(HWND, const CREATESTRUCTW& create) {
   if (menu == nullptr) return nullptr;
   HFONT font = CreateFontW(-(create.cy * 9 / 20), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0,
                            ANTIALIASED_QUALITY, 0, L"Tahoma");
-  return new BarState{create.hwndParent, menu, font};
+  auto* state = new BarState{};
+  state->owner = create.hwndParent;
+  state->menu = menu;
+  state->font = font;
+  return state;
 }
 
 void FreeBar(BarState* state) {
