@@ -52,7 +52,6 @@ struct PickerState {
   std::wstring ownerTitle;
 };
 
-PickerState& State(HWND dialog) { return *reinterpret_cast<PickerState*>(GetWindowLongPtrW(dialog, DWLP_USER)); }
 
 // Sliders run 0 to 100; the factor is 100 / 255, truncated on the way in
 // and undone by integer arithmetic on the way out, as the device does.
@@ -155,7 +154,7 @@ void BorrowOwnerTitle(HWND dialog, PickerState& state) {
   SetWindowTextW(state.owner, title.c_str());
 }
 
-BOOL OnInitDialog(HWND dialog, PickerState& state) {
+INT_PTR OnInitDialog(HWND dialog, PickerState& state) {
   SetWindowLongPtrW(dialog, DWLP_USER, reinterpret_cast<LONG_PTR>(&state));
   MakeFullScreenDialog(dialog, state.resources, state.language, state.allowNone ? IDM_NO_COLOUR : 0,
                        state.allowNone ? kTextNoneButton : 0);
@@ -365,11 +364,7 @@ void OnDestroy(PickerState& state) {
   state.tabs = nullptr;
 }
 
-INT_PTR CALLBACK PickerProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_INITDIALOG) return OnInitDialog(dialog, *reinterpret_cast<PickerState*>(lParam));
-  if (GetWindowLongPtrW(dialog, DWLP_USER) == 0) return FALSE;
-  if (INT_PTR result; OnFrameMessage(dialog, message, wParam, lParam, result)) return result;
-  PickerState& state = State(dialog);
+INT_PTR OnMessage(HWND dialog, PickerState& state, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
       return OnCommand(dialog, state, LOWORD(wParam), HIWORD(wParam));
@@ -405,7 +400,8 @@ std::uint32_t PickColour(HWND owner, HINSTANCE resources, HMODULE language, std:
   PickerState state = {resources, language, allowNone, openOnPalette, colour, {}, nullptr, nullptr, {}};
   // The colour stays in the state: as a dialog result, no colour (all bits
   // set) would read as the failure -1.
-  INT_PTR result = DialogBoxParamW(resources, MAKEINTRESOURCEW(IDD_COLOUR_PICKER), owner, PickerProc,
+  INT_PTR result = DialogBoxParamW(resources, MAKEINTRESOURCEW(IDD_COLOUR_PICKER), owner,
+                                   FrameDialogProc<PickerState, OnInitDialog, OnMessage>,
                                    reinterpret_cast<LPARAM>(&state));
   return result == IDOK ? state.colour : kColourCancelled;
 }

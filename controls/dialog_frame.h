@@ -33,6 +33,19 @@ HBRUSH WhiteBackground(HDC dc);
 // result, when the message was one of them.
 bool OnFrameMessage(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result);
 
+// The procedure of a full-screen dialog whose state the caller hands over
+// with WM_INITDIALOG (Init keeps it in DWLP_USER): nothing reaches Handle
+// before that, and the frame's own messages are answered first.
+template <typename State, INT_PTR (*Init)(HWND, State&),
+          INT_PTR (*Handle)(HWND, State&, UINT, WPARAM, LPARAM)>
+INT_PTR CALLBACK FrameDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) return Init(dialog, *reinterpret_cast<State*>(lParam));
+  auto* state = reinterpret_cast<State*>(GetWindowLongPtrW(dialog, DWLP_USER));
+  if (state == nullptr) return FALSE;
+  if (INT_PTR result; OnFrameMessage(dialog, message, wParam, lParam, result)) return result;
+  return Handle(dialog, *state, message, wParam, lParam);
+}
+
 // Whether pictures come at their double (32-pixel) size.
 bool DoubleSizePictures();
 

@@ -26,7 +26,6 @@ struct ChooserState {
   std::size_t capacity;
 };
 
-ChooserState& State(HWND dialog) { return *reinterpret_cast<ChooserState*>(GetWindowLongPtrW(dialog, DWLP_USER)); }
 
 // A folder's row ends in a backslash, as its path would.
 std::wstring RowText(const BrowseEntry& entry) { return ToWide(entry.name) + (entry.isFolder ? L"\\" : L""); }
@@ -63,7 +62,7 @@ void OnSize(HWND dialog) {
   Place(dialog, IDC_CHOOSER_LIST, left, ScaleY(kListTop), right, client.bottom - ScaleY(kMargin));
 }
 
-BOOL OnInitDialog(HWND dialog, ChooserState& state) {
+INT_PTR OnInitDialog(HWND dialog, ChooserState& state) {
   SetWindowLongPtrW(dialog, DWLP_USER, reinterpret_cast<LONG_PTR>(&state));
   bool files = state.browser.Target() == BrowseFor::File;
   SetWindowTextW(dialog, LanguageString(state.language, files ? kTextChooseFile : kTextChooseFolder).c_str());
@@ -145,11 +144,7 @@ BOOL OnCommand(HWND dialog, ChooserState& state, int id, int code) {
   return FALSE;
 }
 
-INT_PTR CALLBACK ChooserProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_INITDIALOG) return OnInitDialog(dialog, *reinterpret_cast<ChooserState*>(lParam));
-  if (GetWindowLongPtrW(dialog, DWLP_USER) == 0) return FALSE;
-  if (INT_PTR result; OnFrameMessage(dialog, message, wParam, lParam, result)) return result;
-  ChooserState& state = State(dialog);
+INT_PTR OnMessage(HWND dialog, ChooserState& state, UINT message, WPARAM wParam, LPARAM) {
   switch (message) {
     case WM_COMMAND:
       return OnCommand(dialog, state, LOWORD(wParam), HIWORD(wParam));
@@ -166,7 +161,8 @@ int ChoosePath(HWND owner, HINSTANCE resources, HMODULE language, FileSystem& fi
                BrowseFor target, wchar_t* path, std::size_t capacity) {
   if (path == nullptr || capacity == 0) return 0;
   ChooserState state = {resources, language, FolderBrowser(files, locale, target, capacity), path, capacity};
-  INT_PTR result = DialogBoxParamW(resources, MAKEINTRESOURCEW(IDD_FILE_CHOOSER), owner, ChooserProc,
+  INT_PTR result = DialogBoxParamW(resources, MAKEINTRESOURCEW(IDD_FILE_CHOOSER), owner,
+                                   FrameDialogProc<ChooserState, OnInitDialog, OnMessage>,
                                    reinterpret_cast<LPARAM>(&state));
   return result == 1 ? 1 : 0;
 }

@@ -35,7 +35,6 @@ constexpr ItemText kItemTexts[] = {
     {IDC_FONT_SET_COLOUR, kTextSetColour},
 };
 
-ChooserState& State(HWND dialog) { return *reinterpret_cast<ChooserState*>(GetWindowLongPtrW(dialog, DWLP_USER)); }
 
 void Check(HWND dialog, int item, bool on) { CheckDlgButton(dialog, item, on ? BST_CHECKED : BST_UNCHECKED); }
 BYTE Checked(HWND dialog, int item) { return IsDlgButtonChecked(dialog, item) == BST_CHECKED ? 1 : 0; }
@@ -48,7 +47,7 @@ void FillSizes(HWND dialog, LONG height) {
   SendMessageW(list, CB_SETCURSEL, listed ? height - kSmallestSize : -1, 0);
 }
 
-BOOL OnInitDialog(HWND dialog, ChooserState& state) {
+INT_PTR OnInitDialog(HWND dialog, ChooserState& state) {
   SetWindowLongPtrW(dialog, DWLP_USER, reinterpret_cast<LONG_PTR>(&state));
   MakeFullScreenDialog(dialog, state.resources, state.language);
   SetWindowTextW(dialog, LanguageString(state.language, kTextFontChooserTitle).c_str());
@@ -126,11 +125,7 @@ void OnPaint(HWND dialog, const ChooserState& state) {
   EndPaint(dialog, &paint);
 }
 
-INT_PTR CALLBACK ChooserProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_INITDIALOG) return OnInitDialog(dialog, *reinterpret_cast<ChooserState*>(lParam));
-  if (GetWindowLongPtrW(dialog, DWLP_USER) == 0) return FALSE;
-  if (INT_PTR result; OnFrameMessage(dialog, message, wParam, lParam, result)) return result;
-  ChooserState& state = State(dialog);
+INT_PTR OnMessage(HWND dialog, ChooserState& state, UINT message, WPARAM wParam, LPARAM) {
   switch (message) {
     case WM_COMMAND:
       return OnCommand(dialog, state, LOWORD(wParam));
@@ -145,7 +140,8 @@ INT_PTR CALLBACK ChooserProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lP
 
 bool EditFont(HWND owner, HINSTANCE resources, HMODULE language, LOGFONTW& font, std::uint32_t& colour) {
   ChooserState state = {resources, language, &font, &colour};
-  return DialogBoxParamW(resources, MAKEINTRESOURCEW(IDD_FONT_CHOOSER), owner, ChooserProc,
+  return DialogBoxParamW(resources, MAKEINTRESOURCEW(IDD_FONT_CHOOSER), owner,
+                         FrameDialogProc<ChooserState, OnInitDialog, OnMessage>,
                          reinterpret_cast<LPARAM>(&state)) == TRUE;
 }
 
