@@ -83,6 +83,47 @@ BroadcastListener::BroadcastListener() {
   window_ = CreateWindowExW(0, type.lpszClassName, L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, type.hInstance, nullptr);
 }
 
+#if !defined(TW_DESKTOP_SPY)
+#error "the build names the hook library loaded into the desktop's process"
+#endif
+
+namespace {
+
+LRESULT CALLBACK DesktopListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_APP && wParam == WPARAM(GetWindowLongPtrW(window, 0)))
+    SetWindowLongPtrW(window, GWLP_USERDATA, GetWindowLongPtrW(window, GWLP_USERDATA) + 1);
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+}  // namespace
+
+DesktopListener::DesktopListener(WPARAM wParam) {
+  WNDCLASSW type = {};
+  type.lpfnWndProc = DesktopListenerProc;
+  type.cbWndExtra = sizeof(LONG_PTR);
+  type.hInstance = GetModuleHandleW(nullptr);
+  type.lpszClassName = L"TwTestDesktopListener";  // the name the hook library looks for
+  RegisterClassW(&type);
+  window_ = CreateWindowExW(0, type.lpszClassName, L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, type.hInstance,
+                            nullptr);
+  SetWindowLongPtrW(window_, 0, LONG_PTR(wParam));
+  HMODULE spy = LoadLibraryW(TW_DESKTOP_SPY);
+  auto hook = reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(GetProcAddress(spy, "DesktopSpyHook")));
+  DWORD desktopThread = GetWindowThreadProcessId(GetDesktopWindow(), nullptr);
+  if (hook != nullptr) hook_ = SetWindowsHookExW(WH_CALLWNDPROC, hook, spy, desktopThread);
+  EXPECT_NE(hook_, nullptr) << "cannot listen to the desktop window";
+}
+
+DesktopListener::~DesktopListener() {
+  if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
+  DestroyWindow(window_);
+}
+
+int DesktopListener::Received() {
+  Pump();
+  return static_cast<int>(GetWindowLongPtrW(window_, GWLP_USERDATA));
+}
+
 void Pump() {
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

@@ -47,6 +47,21 @@ class BroadcastListener {
   HWND window_ = nullptr;
 };
 
+// Counts the WM_SETTINGCHANGE messages with a given wParam that reach the
+// desktop window, which lives in another process: a hook library loaded
+// there reports each one to a window of this thread.
+class DesktopListener {
+ public:
+  explicit DesktopListener(WPARAM wParam);
+  ~DesktopListener();
+  // After the queue is pumped: a sent message is reported by a post.
+  int Received();
+
+ private:
+  HWND window_ = nullptr;
+  HHOOK hook_ = nullptr;
+};
+
 // Processes what is queued for this thread; a pending WM_QUIT is dropped.
 void Pump();
 // Polls (pumping) until the condition holds or the time (in ms) has passed.
