@@ -36,29 +36,27 @@ class MessageBoxAnswerer {
   HWND last_ = nullptr;
 };
 
-// A top-level window that counts the registered settings-changed message.
+// A top-level window that counts one message it receives (by default the
+// registered settings-changed message), after the queue is pumped.
 class BroadcastListener {
  public:
-  BroadcastListener();
+  explicit BroadcastListener(UINT message = 0, const wchar_t* className = L"TwTestBroadcastListener");
   ~BroadcastListener() { DestroyWindow(window_); }
-  int Received() const { return static_cast<int>(GetWindowLongPtrW(window_, GWLP_USERDATA)); }
+  int Received() const;
 
  private:
   HWND window_ = nullptr;
 };
 
-// Counts the WM_SETTINGCHANGE messages with a given wParam that reach the
+// Counts the Today screen's reloads (WM_SETTINGCHANGE with 0xF2) sent to the
 // desktop window, which lives in another process: a hook library loaded
-// there reports each one to a window of this thread.
-class DesktopListener {
+// there posts each one on to this listener.
+class TodayScreenListener : public BroadcastListener {
  public:
-  explicit DesktopListener(WPARAM wParam);
-  ~DesktopListener();
-  // After the queue is pumped: a sent message is reported by a post.
-  int Received();
+  TodayScreenListener();
+  ~TodayScreenListener();
 
  private:
-  HWND window_ = nullptr;
   HHOOK hook_ = nullptr;
 };
 

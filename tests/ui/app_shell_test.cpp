@@ -226,7 +226,7 @@ TEST_F(ShellTest, DoneSavesTheRecordAndBroadcasts) {
 // and its pages stay as they were. A good one is saved with the lists and
 // ends the program and has the Today screen reload its items. None broadcasts.
 TEST_F(ShellTest, ExportThenImportKeepsTheWindowOnFailureAndEndsOnSuccess) {
-  DesktopListener todayScreen(0xF2);
+  TodayScreenListener todayScreen;
   WriteText(registry(), kCurrentUser, u"Software\\Orvex\\Tidewell\\Extra", u"Foreign", u"x");
   WriteDatabase(u"\\Categories Database", {{{0x4001001F, 0, u"Business"}, {0x40020002, 3, u""}}});
   ASSERT_NE(Start(kAboutPage), nullptr);
