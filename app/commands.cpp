@@ -16,8 +16,6 @@
 namespace tw {
 namespace {
 
-// wParam of WM_SETTINGCHANGE that makes the Today screen reload its items.
-constexpr WPARAM kTodayItemsChanged = 0xF2;
 void ShowPair(HWND window, MessagePair message) { ShowMessage(window, message, MB_OK); }
 
 // Writes what only the application holds beside the record: the category
@@ -68,9 +66,7 @@ void FinishRewrite(HWND window, MessagePair success) {
   SaveCategoriesAndFilters();
   if (success != kNoMessage) ShowPair(window, success);
   FreeLanguageLibrary();
-  DWORD_PTR ignored = 0;
-  SendMessageTimeoutW(GetDesktopWindow(), WM_SETTINGCHANGE, kTodayItemsChanged, 0, SMTO_ABORTIFHUNG, 5000,
-                      &ignored);
+  device::TellTodayItemsChanged();
   DestroyWindow(window);
 }
 

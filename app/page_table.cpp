@@ -5,6 +5,7 @@
 #include "pages/colours_page.h"
 #include "pages/fonts_page.h"
 #include "pages/general_page.h"
+#include "pages/tabs_page.h"
 #include "pages/tasks_page.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
@@ -33,7 +34,7 @@ constexpr PageRow kPages[kPageCount] = {
     {kPageNameTexts[6], MakeFontsPage, 8, false, kFontsPageIds},      // Fonts
     {kPageNameTexts[7], MakeColoursPage, 7, false, kColoursPageIds},  // Colours
     {kPageNameTexts[8], nullptr, 6, false, Block(8)},          // PIM source
-    {kPageNameTexts[9], nullptr, 9, false, Block(9)},          // Tabs
+    {kPageNameTexts[9], MakeTabsPage, 9, false, kTabsPageIds},        // Tabs
     {kPageNameTexts[10], nullptr, -1, true, Block(10)},        // category list
     {kPageNameTexts[11], nullptr, -1, true, Block(11)},        // filter panel
     {kPageNameTexts[12], MakeAboutPage, 10, false, kAboutPageIds},  // About

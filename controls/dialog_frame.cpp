@@ -9,8 +9,6 @@
 namespace tw {
 namespace {
 
-constexpr COLORREF kMenuButtonMask = RGB(222, 207, 198);
-
 // The bar covers the bottom of the screen: the dialog ends where it begins,
 // as the main window does, so nothing of the dialog hides behind it.
 void EndAboveBar(HWND dialog, HWND bar) {
@@ -24,6 +22,8 @@ void EndAboveBar(HWND dialog, HWND bar) {
 
 }  // namespace
 
+const BarImages kMenuButtonImages = {IDB_MENU_BUTTONS_16, IDB_MENU_BUTTONS_32, RGB(222, 207, 198)};
+
 bool DoubleSizePictures() { return ScaleX(1) >= 2; }
 
 HBRUSH WhiteBackground(HDC dc) {
@@ -31,13 +31,13 @@ HBRUSH WhiteBackground(HDC dc) {
   return static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
 }
 
-void MakeFullScreenDialog(HWND dialog, HINSTANCE resources, HMODULE language, UINT textCommand, UINT textId) {
+void MakeFullScreenDialog(HWND dialog, HINSTANCE resources, HMODULE language, UINT textCommand, UINT textId,
+                          const BarImages& barImages) {
   device::InitFullScreenDialog(dialog);
   device::ShowInputPanel(false);
   HWND bar = device::CreateMenuBar(dialog, nullptr, 0);
   if (bar == nullptr) return;
-  device::SetMenuBarImages(bar, resources, DoubleSizePictures() ? IDB_MENU_BUTTONS_32 : IDB_MENU_BUTTONS_16,
-                           kMenuButtonMask);
+  device::SetMenuBarImages(bar, resources, DoubleSizePictures() ? barImages.large : barImages.small, barImages.mask);
   std::wstring text = textId != 0 ? LanguageString(language, textId) : L"";
   if (textId != 0) {
     TBBUTTON textButton = {I_IMAGENONE, static_cast<int>(textCommand), TBSTATE_ENABLED, BTNS_BUTTON, {}, 0,
@@ -62,9 +62,9 @@ void SetItemLanguageText(HWND dialog, int item, HMODULE language, UINT id) {
   SetDlgItemTextW(dialog, item, LanguageString(language, id).c_str());
 }
 
-void ShowLanguageMessage(HWND owner, HMODULE language, UINT textId, UINT captionId) {
-  device::ShowMessageBox(owner, LanguageString(language, textId).c_str(), LanguageString(language, captionId).c_str(),
-                         MB_OK);
+int ShowLanguageMessage(HWND owner, HMODULE language, UINT textId, UINT captionId, UINT buttons) {
+  return device::ShowMessageBox(owner, LanguageString(language, textId).c_str(),
+                                LanguageString(language, captionId).c_str(), buttons);
 }
 
 // Loaded when a dialog first needs it: at start-up it would cost Wine

@@ -10,17 +10,26 @@
 
 namespace tw {
 
+// The menu bar's two image buttons (cancel, Done): a bitmap of 16-pixel
+// cells and one of 32-pixel cells, on a mask colour.
+struct BarImages {
+  UINT small;
+  UINT large;
+  COLORREF mask;
+};
+extern const BarImages kMenuButtonImages;
+
 // The dialog fills the screen between the title strip and a new menu bar
 // whose image buttons send 40019 (cancel) and 1 (Done). A text button for
 // `textCommand` is added first when textId is not 0.
 void MakeFullScreenDialog(HWND dialog, HINSTANCE resources, HMODULE language, UINT textCommand = 0,
-                          UINT textId = 0);
+                          UINT textId = 0, const BarImages& images = kMenuButtonImages);
 
 // The text of a language library string; empty when it is missing.
 std::wstring LanguageString(HMODULE language, UINT id);
 void SetItemLanguageText(HWND dialog, int item, HMODULE language, UINT id);
-// An OK-only message box whose text and caption come from the library.
-void ShowLanguageMessage(HWND owner, HMODULE language, UINT textId, UINT captionId);
+// A message box whose text and caption come from the library; returns the button chosen.
+int ShowLanguageMessage(HWND owner, HMODULE language, UINT textId, UINT captionId, UINT buttons = MB_OK);
 
 // InitCommonControlsEx for the given classes; false when comctl32 is missing.
 bool LoadCommonControls(DWORD classes);

@@ -61,7 +61,7 @@ MessagePair AddHostedTab(SettingsStore& record, Registry& registry, std::u16stri
     ReadString(registry, kLibrary, entry.library, u"", item.get());
     entry.library.Assign(TabEntry::Fit(entry.library.View()));
   }
-  // Shown, in the first of the Tabs page's choices, and removable.
+  // Shown, opened as the Tabs page's choice 1, and removable.
   entry.enabled = 1;
   entry.type = 1;
   entry.dynamic = 1;

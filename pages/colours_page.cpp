@@ -147,11 +147,6 @@ void ColoursPage::ChangeColour() {
   RepaintArea(context().window, nullptr);
 }
 
-int ColoursPage::Tell(MessagePair message, UINT buttons) {
-  WideString text = Text(message.text), caption = Text(message.caption);
-  return device::ShowMessageBox(context().window, AsWide(text.Text()), AsWide(caption.Text()), buttons);
-}
-
 void ColoursPage::SaveScheme() {
   std::u16string name = GetText(controls_[kSchemeName]).substr(0, kMaxSchemeName);
   if (context().schemes == nullptr) return;

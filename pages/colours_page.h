@@ -53,7 +53,6 @@ class ColoursPage : public SettingsPage {
   void OnColourRowChanged(const NMLISTVIEW& change);
   // The selected scheme's file name; empty (after telling the user) when none is.
   std::u16string SelectedScheme();
-  int Tell(MessagePair message, UINT buttons);
 
   std::array<HWND, kControlCount> controls_ = {};
   // Row 0's swatch shows before any row is chosen.

@@ -2,6 +2,8 @@
 
 #include "base/scaling.h"
 #include "platform/load_text.h"
+#include "platform/win32/device.h"
+#include "platform/win32/wide.h"
 #include "platform/win32/win32_text_library.h"
 
 namespace tw {
@@ -38,6 +40,11 @@ WideString SettingsPage::Text(unsigned id) const {
   Win32TextLibrary library(context_.language);
   LoadText(&library, id, text);
   return text;
+}
+
+int SettingsPage::Tell(MessagePair message, UINT buttons) const {
+  WideString text = Text(message.text), caption = Text(message.caption);
+  return device::ShowMessageBox(context_.window, AsWide(text.Text()), AsWide(caption.Text()), buttons);
 }
 
 }  // namespace tw

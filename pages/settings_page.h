@@ -33,6 +33,7 @@
 
 #include "base/wide_string.h"
 #include "pages/preview_cache.h"
+#include "platform/registry.h"
 #include "resources/string_ids.h"
 #include "settings/settings_store.h"
 
@@ -76,6 +77,9 @@ struct PageContext {
   PreviewFontCache& previewFonts;
   PreviewImageSet& previewImages;
   const SchemeHooks* schemes = nullptr;
+  // The registry itself, for the Today screen's own items (the Tabs page
+  // lists them and switches one off); the settings go through the record.
+  Registry* registry = nullptr;
 };
 
 class SettingsPage {
@@ -110,6 +114,8 @@ class SettingsPage {
   RECT PageArea() const;
   // A text of the language library (empty without one).
   WideString Text(unsigned id) const;
+  // A message box of the language library's text and caption; the button chosen.
+  int Tell(MessagePair message, UINT buttons = MB_OK) const;
 
  private:
   PageContext context_;

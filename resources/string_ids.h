@@ -147,6 +147,8 @@ inline constexpr unsigned kLanguageTexts[] = {
     // Tabs page and the hosted plug-in chooser.
     40736, 40737, 40738, 40739, 40740, 40741, 40743, 40744, 40745, 40746, 40747,
     40748, 40749, 40750, 40751, 40837, 40838,
+    // The notes and messages tabs' headings, numbered after the texts above.
+    41100, 41101,
 
     // Tasks page.
     40762, 40763, 40764, 40766, 40767, 40768, 40769, 40770, 40771, 40772, 40773,

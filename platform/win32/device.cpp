@@ -129,6 +129,15 @@ int ShowMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT
   return answer;
 }
 
+// Sent, not posted, so the Today screen has reloaded before the caller goes
+// on; a hung shell costs at most the timeout.
+void TellTodayItemsChanged() {
+  constexpr WPARAM kTodayItemsChanged = 0xF2;
+  DWORD_PTR ignored = 0;
+  SendMessageTimeoutW(GetDesktopWindow(), WM_SETTINGCHANGE, kTodayItemsChanged, 0, SMTO_ABORTIFHUNG, 5000,
+                      &ignored);
+}
+
 // The device keeps documents in "\My Documents" on its one drive. The
 // desktop's shell would hand out a folder that Wine links to the user's home,
 // so the stand-in keeps a real folder in the device's file system, and a link

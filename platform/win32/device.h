@@ -83,6 +83,10 @@ inline void ShowInputPanel(bool) {}
 inline void HandleActivate(HWND, WPARAM, LPARAM) {}
 inline void HandleSettingChange(HWND, WPARAM, LPARAM) {}
 
+// WM_SETTINGCHANGE with wParam 0xF2 to the desktop window: the Today screen
+// reloads its items (after a rewrite of the registry, or a plug-in switched off).
+void TellTodayItemsChanged();
+
 // Device paths have no drive: they resolve against the current drive, which
 // is made the system drive (C: of a Wine prefix), where the device's files lie.
 void EnterDeviceFileSystem();

@@ -41,8 +41,8 @@ HINSTANCE ProgramResources() {
 MessageBoxAnswerer* gAnswerer = nullptr;
 
 LRESULT CALLBACK ListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  static UINT changed = RegisterWindowMessageW(kSettingsChangedMessage);
-  if (message == changed) SetWindowLongPtrW(window, GWLP_USERDATA, GetWindowLongPtrW(window, GWLP_USERDATA) + 1);
+  if (message == UINT(GetWindowLongPtrW(window, 0)))
+    SetWindowLongPtrW(window, GWLP_USERDATA, GetWindowLongPtrW(window, GWLP_USERDATA) + 1);
   return DefWindowProcW(window, message, wParam, lParam);
 }
 
@@ -74,13 +74,37 @@ std::vector<std::wstring> MessageBoxAnswerer::Seen() const {
   return seen;
 }
 
-BroadcastListener::BroadcastListener() {
+BroadcastListener::BroadcastListener(UINT message, const wchar_t* className) {
   WNDCLASSW type = {};
   type.lpfnWndProc = ListenerProc;
+  type.cbWndExtra = sizeof(LONG_PTR);
   type.hInstance = GetModuleHandleW(nullptr);
-  type.lpszClassName = L"TwTestBroadcastListener";
+  type.lpszClassName = className;
   RegisterClassW(&type);
-  window_ = CreateWindowExW(0, type.lpszClassName, L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, type.hInstance, nullptr);
+  window_ = CreateWindowExW(0, className, L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, type.hInstance, nullptr);
+  SetWindowLongPtrW(window_, 0, message != 0 ? message : RegisterWindowMessageW(kSettingsChangedMessage));
+}
+
+int BroadcastListener::Received() const {
+  Pump();
+  return static_cast<int>(GetWindowLongPtrW(window_, GWLP_USERDATA));
+}
+
+#if !defined(TW_DESKTOP_SPY)
+#error "the build names the hook library loaded into the desktop's process"
+#endif
+
+// The class name and message the hook library posts with.
+TodayScreenListener::TodayScreenListener() : BroadcastListener(WM_APP, L"TwTestDesktopListener") {
+  HMODULE spy = LoadLibraryW(TW_DESKTOP_SPY);
+  auto hook = reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(GetProcAddress(spy, "DesktopSpyHook")));
+  DWORD desktopThread = GetWindowThreadProcessId(GetDesktopWindow(), nullptr);
+  if (hook != nullptr) hook_ = SetWindowsHookExW(WH_CALLWNDPROC, hook, spy, desktopThread);
+  EXPECT_NE(hook_, nullptr) << "cannot listen to the desktop window";
+}
+
+TodayScreenListener::~TodayScreenListener() {
+  if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
 }
 
 void Pump() {

@@ -36,15 +36,28 @@ class MessageBoxAnswerer {
   HWND last_ = nullptr;
 };
 
-// A top-level window that counts the registered settings-changed message.
+// A top-level window that counts one message it receives (by default the
+// registered settings-changed message), after the queue is pumped.
 class BroadcastListener {
  public:
-  BroadcastListener();
+  explicit BroadcastListener(UINT message = 0, const wchar_t* className = L"TwTestBroadcastListener");
   ~BroadcastListener() { DestroyWindow(window_); }
-  int Received() const { return static_cast<int>(GetWindowLongPtrW(window_, GWLP_USERDATA)); }
+  int Received() const;
 
  private:
   HWND window_ = nullptr;
+};
+
+// Counts the Today screen's reloads (WM_SETTINGCHANGE with 0xF2) sent to the
+// desktop window, which lives in another process: a hook library loaded
+// there posts each one on to this listener.
+class TodayScreenListener : public BroadcastListener {
+ public:
+  TodayScreenListener();
+  ~TodayScreenListener();
+
+ private:
+  HHOOK hook_ = nullptr;
 };
 
 // Processes what is queued for this thread; a pending WM_QUIT is dropped.

@@ -224,8 +224,9 @@ TEST_F(ShellTest, DoneSavesTheRecordAndBroadcasts) {
 // and keeps the program open. A missing file to import changes nothing; a
 // broken one keeps what was applied before the fault. Either way the window
 // and its pages stay as they were. A good one is saved with the lists and
-// ends the program. None broadcasts.
+// ends the program and has the Today screen reload its items. None broadcasts.
 TEST_F(ShellTest, ExportThenImportKeepsTheWindowOnFailureAndEndsOnSuccess) {
+  TodayScreenListener todayScreen;
   WriteText(registry(), kCurrentUser, u"Software\\Orvex\\Tidewell\\Extra", u"Foreign", u"x");
   WriteDatabase(u"\\Categories Database", {{{0x4001001F, 0, u"Business"}, {0x40020002, 3, u""}}});
   ASSERT_NE(Start(kAboutPage), nullptr);
@@ -248,6 +249,7 @@ TEST_F(ShellTest, ExportThenImportKeepsTheWindowOnFailureAndEndsOnSuccess) {
   WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n\r\nbroken\r\n");
   Command(IDM_IMPORT);
   EXPECT_EQ(LastCaption(), EnglishText(kImportFailed.caption));
+  EXPECT_EQ(todayScreen.Received(), 0);
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"OnClick").dword, 1u) << "no rollback";
   ASSERT_NE(Window(), nullptr);
   EXPECT_EQ(Shell().slots[kAboutPage].get(), about);
@@ -267,6 +269,7 @@ TEST_F(ShellTest, ExportThenImportKeepsTheWindowOnFailureAndEndsOnSuccess) {
   EXPECT_TRUE(files().Exists(kFilters));
   Pump();
   EXPECT_EQ(listener_.Received(), 0);
+  EXPECT_EQ(todayScreen.Received(), 1);
 }
 
 TEST_F(ShellTest, DensityPicksThePictureLibraryAndMenuImages) {
