@@ -20,31 +20,33 @@ constexpr char16_t kNotesKey[] = u"Software\\Orvex\\Tidewell\\Notes";
 constexpr char16_t kMessagesKey[] = u"Software\\Orvex\\Tidewell\\Messages";
 constexpr char16_t kLanguages[] = u"\\Program Files\\Orvex\\Tidewell\\LangRes\\CP";
 
-// A check box (no entries) or a drop-down and its last entry; `set` is
-// what the test chooses, away from the default so that Done writes it.
+// A check box (no entries) or a drop-down and its last entry; the value
+// the registry holds when the page opens, and the one the test then sets,
+// away from the default so that Done writes it.
 struct Control {
   const char16_t* text;
   int entries;
   const char16_t* lastEntry;
   const char16_t* value;
-  std::int32_t set;
+  std::int32_t shown, set;
 };
 constexpr Control kNotesControls[] = {
-    {u"Separator:", 4, u"Shaded bar", u"NotesBreakLineStyle", 1},
-    {u"Fold buttons", 0, nullptr, u"NotesIncldFoldBttns", 0},
-    {u"Show counters", 0, nullptr, u"NotesIncldCounters", 0},
+    {u"Separator:", 4, u"Shaded bar", u"NotesBreakLineStyle", 2, 1},
+    {u"Fold buttons", 0, nullptr, u"NotesIncldFoldBttns", 0, 0},
+    {u"Show counters", 0, nullptr, u"NotesIncldCounters", 1, 0},
 };
 constexpr Control kMessagesControls[] = {
-    {u"Mark read when previewed", 0, nullptr, u"MsgsMrkReadOnPrev", 0},
-    {u"Separator:", 4, u"Shaded bar", u"MsgsBreakLineStyle", 0},
-    {u"Counters:", 3, u"Unread and total", u"MsgsIncldCounters", 2},
-    {u"Fold buttons", 0, nullptr, u"MsgsIncldFoldBttns", 0},
+    {u"Mark read when previewed", 0, nullptr, u"MsgsMrkReadOnPrev", 0, 0},
+    {u"Separator:", 4, u"Shaded bar", u"MsgsBreakLineStyle", 2, 0},
+    {u"Counters:", 3, u"Unread and total", u"MsgsIncldCounters", 0, 2},
+    {u"Fold buttons", 0, nullptr, u"MsgsIncldFoldBttns", 1, 0},
 };
 
 template <int kSlot>
 class ListTabPageTest : public RowPageTest<RowListPage, kSlot> {
  protected:
   void ExpectControls(std::span<const Control> controls, const char16_t* key) {
+    for (const Control& expected : controls) this->Put(key, expected.value, expected.shown);
     RowListPage* page = this->OpenPage();
     for (int i = 0; i < int(controls.size()); ++i) {
       const Control& expected = controls[i];
@@ -55,12 +57,14 @@ class ListTabPageTest : public RowPageTest<RowListPage, kSlot> {
       if (expected.entries == 0) {
         EXPECT_EQ(GetText(control), expected.text);
         EXPECT_EQ(style & (BS_TYPEMASK | BS_MULTILINE), BS_AUTOCHECKBOX | BS_MULTILINE);
+        EXPECT_EQ(IsChecked(control), expected.shown != 0);
         SetChecked(control, expected.set != 0);
       } else {
         EXPECT_EQ(GetText(page->FormCaption(0, i)), expected.text);
         EXPECT_EQ(style & 3, CBS_DROPDOWNLIST);
         ASSERT_EQ(ComboCount(control), expected.entries);
         EXPECT_EQ(ComboText(control, expected.entries - 1), expected.lastEntry);
+        EXPECT_EQ(ComboSelection(control), expected.shown);
         ComboSelect(control, expected.set);
       }
     }
