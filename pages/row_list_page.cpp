@@ -291,7 +291,7 @@ void RowListPage::FillFormRow(const FormWindows& form) {
   SettingsStore& record = settings();
   switch (row.editor) {
     case EditorKind::Check:
-      SetChecked(control, (Number(row) & 1) != 0);
+      SetChecked(control, (NumberOf(record, row) & 1) != 0);
       break;
     case EditorKind::Text:
       SetText(control, (record.*row.text).View());
@@ -316,7 +316,7 @@ void RowListPage::StoreFormRow(const FormWindows& form) {
   SettingsStore& record = settings();
   switch (row.editor) {
     case EditorKind::Check:
-      Number(row) = IsChecked(control) ? 1 : 0;
+      NumberOf(record, row) = IsChecked(control) ? 1 : 0;
       break;
     case EditorKind::Text: {
       std::u16string text = GetText(control);
@@ -336,7 +336,7 @@ void RowListPage::StoreFormRow(const FormWindows& form) {
     }
     default: {
       int position = ComboSelection(control);
-      if (position >= 0 || row.storesNoChoice) Number(row) = row.rule(position);
+      if (position >= 0 || row.storesNoChoice) NumberOf(record, row) = row.rule(position);
       break;
     }
   }
@@ -368,10 +368,6 @@ const Row* RowListPage::RowAt(int row, int tab) const {
   if (tab < 0 || tab >= int(tabs_.size())) return nullptr;
   std::span<const Row> rows = tabs_[tab].rows;
   return row >= 1 && row <= int(rows.size()) ? &rows[row - 1] : nullptr;
-}
-
-std::int32_t& RowListPage::Number(const Row& row) {
-  return row.item != nullptr ? (settings().*row.item).value : settings().*row.number;
 }
 
 void RowListPage::Show(int showCommand, bool) {
@@ -492,7 +488,7 @@ void RowListPage::FillChoices(const Row& row, HWND combo) {
       for (const std::u16string& text : choices.generate(Choosing())) ComboAdd(combo, text);
       break;
   }
-  std::int32_t& value = Number(row);
+  std::int32_t& value = NumberOf(settings(), row);
   if (row.fillRule != nullptr) value = row.fillRule(value);
   int selected = -1;
   for (int position = 0, count = ComboCount(combo); position < count && selected < 0; ++position)

@@ -199,6 +199,11 @@ constexpr Row FlagList(unsigned caption, NumberField field, std::span<const Chec
 }
 inline constexpr int kFormTextLength = 255;
 
+// The number a row edits: its setting, or its SettingItem's value.
+inline std::int32_t& NumberOf(SettingsStore& record, const Row& row) {
+  return row.item != nullptr ? (record.*row.item).value : record.*row.number;
+}
+
 // Form rows over a SettingItem. Their drop-downs store the position exactly
 // as the list reports it: a stored value the list does not offer leaves it
 // without a choice, and the registry then says so with -1 rather than keep
@@ -266,7 +271,6 @@ class RowListPage : public SettingsPage {
   };
 
   const Row* RowAt(int row, int tab) const;
-  std::int32_t& Number(const Row& row);
   void Layout();
   void CreateLists();
   void CreateEditors();

@@ -1,13 +1,6 @@
-// The Notes and Messages pages driven through their real controls. The
-// generic walk covers their tables; these tests hold what a table cannot
-// check of itself: the controls a user sees, in order, and the registry
-// names they write, written out here; and a list left without a choice.
-#include <windows.h>
-
-#include <gtest/gtest.h>
-
-#include <span>
-
+// The Notes and Messages pages driven through their real controls: the
+// generic walk over their tables, then the controls a user sees, in order,
+// against the settings they edit, written out as the pages are described.
 #include "pages/messages_page.h"
 #include "pages/notes_page.h"
 #include "tests/ui/row_page_test.h"
@@ -15,109 +8,42 @@
 namespace tw::test {
 namespace {
 
-constexpr int kNotesSlot = 3, kMessagesSlot = 4;
-constexpr char16_t kNotesKey[] = u"Software\\Orvex\\Tidewell\\Notes";
-constexpr char16_t kMessagesKey[] = u"Software\\Orvex\\Tidewell\\Messages";
-constexpr char16_t kLanguages[] = u"\\Program Files\\Orvex\\Tidewell\\LangRes\\CP";
-
-// A check box (no entries) or a drop-down and its last entry; the value
-// the registry holds when the page opens, and the one the test then sets,
-// away from the default so that Done writes it.
-struct Control {
-  const char16_t* text;
-  int entries;
-  const char16_t* lastEntry;
-  const char16_t* value;
-  std::int32_t shown, set;
-};
-constexpr Control kNotesControls[] = {
-    {u"Separator:", 4, u"Shaded bar", u"NotesBreakLineStyle", 2, 1},
-    {u"Fold buttons", 0, nullptr, u"NotesIncldFoldBttns", 0, 0},
-    {u"Show counters", 0, nullptr, u"NotesIncldCounters", 1, 0},
-};
-constexpr Control kMessagesControls[] = {
-    {u"Mark read when previewed", 0, nullptr, u"MsgsMrkReadOnPrev", 0, 0},
-    {u"Separator:", 4, u"Shaded bar", u"MsgsBreakLineStyle", 2, 0},
-    {u"Counters:", 3, u"Unread and total", u"MsgsIncldCounters", 0, 2},
-    {u"Fold buttons", 0, nullptr, u"MsgsIncldFoldBttns", 1, 0},
-};
+// A check box (no last entry) or a drop-down; the value the record holds
+// when the page opens and the one the control shows, which Done stores.
+struct Control { const char16_t *text, *lastEntry; ItemField field; std::int32_t held, shown; };
+// Line style 4 is not offered: no choice, stored as -1. Counters: a check
+// box on Notes, a three-way choice on Messages.
+constexpr Control kNotesControls[] = {{u"Separator:", u"Shaded bar", &SettingsStore::NotesBreakLineStyle, 4, -1},
+                                      {u"Fold buttons", u"", &SettingsStore::NotesIncldFoldBttns, 0, 0},
+                                      {u"Show counters", u"", &SettingsStore::NotesIncldCounters, 1, 1}};
+constexpr Control kMessagesControls[] = {{u"Mark read when previewed", u"", &SettingsStore::MsgsMrkReadOnPrev, 0, 0},
+                                         {u"Separator:", u"Shaded bar", &SettingsStore::MsgsBreakLineStyle, 2, 2},
+                                         {u"Counters:", u"Unread and total", &SettingsStore::MsgsIncldCounters, 2, 2},
+                                         {u"Fold buttons", u"", &SettingsStore::MsgsIncldFoldBttns, 1, 1}};
 
 template <int kSlot>
-class ListTabPageTest : public RowPageTest<RowListPage, kSlot> {
- protected:
-  void ExpectControls(std::span<const Control> controls, const char16_t* key) {
-    for (const Control& expected : controls) this->Put(key, expected.value, expected.shown);
+struct ListTabPageTest : RowPageTest<RowListPage, kSlot> {
+  void Check(std::span<const RowTab> tabs, std::span<const Control> controls) {
+    this->Start(kAboutPage);
+    this->WalkEveryRow(tabs);
+    this->Start(kAboutPage);
+    for (const Control& control : controls) (Settings().*control.field).value = control.held;
     RowListPage* page = this->OpenPage();
     for (int i = 0; i < int(controls.size()); ++i) {
-      const Control& expected = controls[i];
-      SCOPED_TRACE(i);
-      HWND control = page->FormControl(0, i);
-      ASSERT_NE(control, nullptr);
-      LONG style = GetWindowLongW(control, GWL_STYLE);
-      if (expected.entries == 0) {
-        EXPECT_EQ(GetText(control), expected.text);
-        EXPECT_EQ(style & (BS_TYPEMASK | BS_MULTILINE), BS_AUTOCHECKBOX | BS_MULTILINE);
-        EXPECT_EQ(IsChecked(control), expected.shown != 0);
-        SetChecked(control, expected.set != 0);
-      } else {
-        EXPECT_EQ(GetText(page->FormCaption(0, i)), expected.text);
-        EXPECT_EQ(style & 3, CBS_DROPDOWNLIST);
-        ASSERT_EQ(ComboCount(control), expected.entries);
-        EXPECT_EQ(ComboText(control, expected.entries - 1), expected.lastEntry);
-        EXPECT_EQ(ComboSelection(control), expected.shown);
-        ComboSelect(control, expected.set);
-      }
+      HWND window = page->FormControl(0, i), caption = page->FormCaption(0, i);
+      EXPECT_EQ(GetText(caption ? caption : window), controls[i].text) << i;
+      EXPECT_EQ(caption ? ComboText(window, ComboCount(window) - 1) : u"", controls[i].lastEntry) << i;
+      EXPECT_EQ(caption ? ComboSelection(window) : int(IsChecked(window)), controls[i].shown) << i;
     }
-    EXPECT_EQ(page->FormControl(0, int(controls.size())), nullptr);
     this->Command(IDOK);
-    for (const Control& expected : controls) {
-      StoredValue stored = this->Stored(key, expected.value);
-      EXPECT_TRUE(stored.present) << Show(expected.value);
-      EXPECT_EQ(std::int32_t(stored.dword), expected.set) << Show(expected.value);
-    }
+    for (const Control& control : controls) EXPECT_EQ(this->Saved(control.field), control.shown) << Show(control.text);
   }
 };
-using NotesTest = ListTabPageTest<kNotesSlot>;
-using MessagesTest = ListTabPageTest<kMessagesSlot>;
+using NotesTest = ListTabPageTest<3>;
+using MessagesTest = ListTabPageTest<4>;
 
-TEST_F(NotesTest, EveryControlShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  WalkEveryRow(NotesTabs());
-}
-
-TEST_F(MessagesTest, EveryControlShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  WalkEveryRow(MessagesTabs());
-}
-
-// Counters: a check box on Notes, a three-way choice on Messages.
-TEST_F(NotesTest, ControlsInOrderWriteTheirValues) { ExpectControls(kNotesControls, kNotesKey); }
-TEST_F(MessagesTest, ControlsInOrderWriteTheirValues) { ExpectControls(kMessagesControls, kMessagesKey); }
-
-// A line style the list does not offer leaves it without a choice, and the
-// page stores that as -1, exactly as the list reports it.
-TEST_F(NotesTest, UnofferedLineStyleIsStoredAsNoChoice) {
-  const std::pair<const char16_t*, const char16_t*> styles[] = {{kNotesKey, u"NotesBreakLineStyle"},
-                                                                {kMessagesKey, u"MsgsBreakLineStyle"}};
-  for (auto [key, name] : styles) Put(key, name, 4);
-  Start();
-  for (int slot : {kNotesSlot, kMessagesSlot}) {
-    SelectPage(slot);
-    HWND list = static_cast<RowListPage*>(Shell().slots[slot].get())->FormControl(0, slot == kNotesSlot ? 0 : 1);
-    EXPECT_EQ(ComboSelection(list), -1) << slot;
-  }
-  Command(IDOK);
-  for (auto [key, name] : styles) EXPECT_EQ(std::int32_t(Stored(key, name).dword), -1) << Show(name);
-}
-
-// German wraps the read-mark check box in a landscape column.
-TEST_F(NotesTest, BothPagesFitEachScreenInEnglishAndGerman) {
-  for (std::u16string language : {u"Eng", u"Deu"}) {
-    PutText(kProductKey, u"SelectedLangResFile", kLanguages + language + u"Rc.dll");
-    CheckEveryScreen(L"notes-messages-" + ToWide(language), 2, [] {},
-                     [&](int shot) { SelectPage(shot == 0 ? kNotesSlot : kMessagesSlot); });
-  }
-}
+TEST_F(NotesTest, EveryControlShowsAndStoresItsSetting) { Check(NotesTabs(), kNotesControls); }
+TEST_F(MessagesTest, EveryControlShowsAndStoresItsSetting) { Check(MessagesTabs(), kMessagesControls); }
 
 }  // namespace
 }  // namespace tw::test
