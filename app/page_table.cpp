@@ -5,6 +5,8 @@
 #include "pages/colours_page.h"
 #include "pages/fonts_page.h"
 #include "pages/general_page.h"
+#include "pages/messages_page.h"
+#include "pages/notes_page.h"
 #include "pages/tabs_page.h"
 #include "pages/tasks_page.h"
 #include "resources/resource_ids.h"
@@ -28,8 +30,8 @@ constexpr PageRow kPages[kPageCount] = {
     {kPageNameTexts[0], MakeGeneralPage, 0, false, kGeneralPageIds},  // General
     {kPageNameTexts[1], MakeCalendarPage, 1, false, kCalendarPageIds},  // Calendar
     {kPageNameTexts[2], MakeTasksPage, 2, false, kTasksPageIds},  // Tasks
-    {kPageNameTexts[3], nullptr, 3, false, Block(3)},          // Notes
-    {kPageNameTexts[4], nullptr, 4, false, Block(4)},          // Messages
+    {kPageNameTexts[3], MakeNotesPage, 3, false, kNotesPageIds},  // Notes
+    {kPageNameTexts[4], MakeMessagesPage, 4, false, kMessagesPageIds},  // Messages
     {kPageNameTexts[5], nullptr, 5, false, Block(5)},          // Special events
     {kPageNameTexts[6], MakeFontsPage, 8, false, kFontsPageIds},      // Fonts
     {kPageNameTexts[7], MakeColoursPage, 7, false, kColoursPageIds},  // Colours

@@ -33,7 +33,9 @@ void ComboClear(HWND combo) { SendMessageW(combo, CB_RESETCONTENT, 0, 0); }
 
 int ComboAdd(HWND combo, std::u16string_view text) {
   std::wstring terminated = ToWide(text);
-  return static_cast<int>(SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(terminated.c_str())));
+  LRESULT position = SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(terminated.c_str()));
+  if (position >= 0) SendMessageW(combo, CB_SETITEMDATA, position, position);
+  return static_cast<int>(position);
 }
 
 void ComboSelect(HWND combo, int position) { SendMessageW(combo, CB_SETCURSEL, position, 0); }

@@ -24,6 +24,7 @@ bool LoadCommonControls();
 
 // Combo box (drop-down list).
 void ComboClear(HWND combo);
+// The entry's data is its position until the caller sets other.
 int ComboAdd(HWND combo, std::u16string_view text);
 // -1 clears the selection.
 void ComboSelect(HWND combo, int position);

@@ -31,6 +31,7 @@ constexpr int kOrderListHeight = 50;
 constexpr int kOrderButtonWidth = 50;
 constexpr int kOrderButtonHeight = 22;
 constexpr int kFormCheckHeight = 20;
+constexpr int kCheckTextGap = 4;  // between the box and its text
 constexpr int kFormGap = 4;
 constexpr int kCheckRowHeight = 17;
 constexpr int kNumberTextLength = 256;
@@ -210,7 +211,8 @@ void RowListPage::CreateForms() {
                  {page.right - ScaleX(kMargin) - half, top, page.right - ScaleX(kMargin), bottom}};
     std::size_t column = 0;
     for (const Row& row : tabs_[tab].form) {
-      if (columns[column].top + FormRowHeight(row) > bottom && column + 1 < columns.size()) ++column;
+      int width = columns[column].right - columns[column].left;
+      if (columns[column].top + FormRowHeight(row, width) > bottom && column + 1 < columns.size()) ++column;
       CreateFormRow(row, tab, columns[column], id);
     }
   }
@@ -218,12 +220,12 @@ void RowListPage::CreateForms() {
   for (const FormWindows& form : forms_) FillFormRow(form);
 }
 
-int RowListPage::FormRowHeight(const Row& row) const {
+int RowListPage::FormRowHeight(const Row& row, int width) const {
   bool captioned = row.editor != EditorKind::Check && row.caption != 0;
   int caption = captioned ? ScaleY(kCaptionHeight) + ScaleY(kLineGap) : 0;
   switch (row.editor) {
     case EditorKind::Check:
-      return ScaleY(kFormCheckHeight);
+      return CheckHeight(row, width);
     case EditorKind::CheckList:
     case EditorKind::FlagList:
       return caption + ScaleY(kCheckRowHeight) * int(row.items.size()) + ScaleY(kGap);
@@ -232,10 +234,23 @@ int RowListPage::FormRowHeight(const Row& row) const {
   }
 }
 
+// A check box wraps its text: a text longer than the column takes the lines
+// it needs beside the box, as a German one does in a landscape column.
+int RowListPage::CheckHeight(const Row& row, int width) const {
+  WideString text = Text(row.caption);
+  RECT needed = {0, 0, width - GetSystemMetrics(SM_CXMENUCHECK) - ScaleX(kCheckTextGap), 0};
+  HDC dc = GetDC(nullptr);
+  HGDIOBJ old = SelectObject(dc, context().normalFont);
+  DrawTextW(dc, AsWide(text.Text()), -1, &needed, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+  SelectObject(dc, old);
+  ReleaseDC(nullptr, dc);
+  return std::max(ScaleY(kFormCheckHeight), int(needed.bottom) + 2 * ScaleY(kLineGap));
+}
+
 void RowListPage::CreateFormRow(const Row& row, int tab, RECT& area, int& id) {
   HFONT font = context().normalFont;
   int width = area.right - area.left;
-  int rowBottom = area.top + FormRowHeight(row);
+  int rowBottom = area.top + FormRowHeight(row, width);
   FormWindows form = {tab, &row, nullptr, nullptr};
   if (row.editor != EditorKind::Check && row.caption != 0) {
     DWORD align = row.editor == EditorKind::Text ? SS_CENTER : SS_LEFT;
@@ -246,8 +261,9 @@ void RowListPage::CreateFormRow(const Row& row, int tab, RECT& area, int& id) {
   int height = std::min(rowBottom, int(area.bottom)) - area.top;
   switch (row.editor) {
     case EditorKind::Check:
-      form.control = AddControl(L"BUTTON", AsWide(Text(row.caption).Text()), BS_AUTOCHECKBOX | WS_TABSTOP,
-                                Box(area.left, area.top, width, height), id++, font);
+      form.control = AddControl(L"BUTTON", AsWide(Text(row.caption).Text()),
+                                BS_AUTOCHECKBOX | BS_MULTILINE | WS_TABSTOP, Box(area.left, area.top, width, height),
+                                id++, font);
       break;
     case EditorKind::Text:
       form.control = AddControl(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
@@ -275,7 +291,7 @@ void RowListPage::FillFormRow(const FormWindows& form) {
   SettingsStore& record = settings();
   switch (row.editor) {
     case EditorKind::Check:
-      SetChecked(control, (record.*row.number & 1) != 0);
+      SetChecked(control, (NumberOf(record, row) & 1) != 0);
       break;
     case EditorKind::Text:
       SetText(control, (record.*row.text).View());
@@ -300,7 +316,7 @@ void RowListPage::StoreFormRow(const FormWindows& form) {
   SettingsStore& record = settings();
   switch (row.editor) {
     case EditorKind::Check:
-      record.*row.number = IsChecked(control) ? 1 : 0;
+      NumberOf(record, row) = IsChecked(control) ? 1 : 0;
       break;
     case EditorKind::Text: {
       std::u16string text = GetText(control);
@@ -320,7 +336,7 @@ void RowListPage::StoreFormRow(const FormWindows& form) {
     }
     default: {
       int position = ComboSelection(control);
-      if (position >= 0) record.*row.number = row.rule(position);
+      if (position >= 0 || row.storesNoChoice) NumberOf(record, row) = row.rule(position);
       break;
     }
   }
@@ -472,7 +488,7 @@ void RowListPage::FillChoices(const Row& row, HWND combo) {
       for (const std::u16string& text : choices.generate(Choosing())) ComboAdd(combo, text);
       break;
   }
-  std::int32_t& value = settings().*row.number;
+  std::int32_t& value = NumberOf(settings(), row);
   if (row.fillRule != nullptr) value = row.fillRule(value);
   int selected = -1;
   for (int position = 0, count = ComboCount(combo); position < count && selected < 0; ++position)

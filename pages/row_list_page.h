@@ -111,6 +111,8 @@ using FillRule = std::int32_t (*)(std::int32_t value);
 
 using NumberField = std::int32_t SettingsStore::*;
 using TextField = WideString SettingsStore::*;
+// A number that carries its own default and registry name.
+using ItemField = SettingItem SettingsStore::*;
 
 // Parts of a title or list kept in order, one setting per place; part p is
 // named by text firstPartText + p.
@@ -142,6 +144,8 @@ struct Row {
   FillRule fillRule = nullptr;
   int fallback = -1;  // the entry selected when none has the setting's value
   std::span<const CheckItem> items = {};
+  ItemField item = nullptr;  // in place of number
+  bool storesNoChoice = false;  // a drop-down left without a choice stores -1
 };
 
 constexpr Row DropDown(unsigned name, NumberField field, unsigned caption, unsigned tip, Choices choices,
@@ -194,6 +198,23 @@ constexpr Row FlagList(unsigned caption, NumberField field, std::span<const Chec
   return {.name = 0, .editor = EditorKind::FlagList, .number = field, .caption = caption, .items = items};
 }
 inline constexpr int kFormTextLength = 255;
+
+// The number a row edits: its setting, or its SettingItem's value.
+inline std::int32_t& NumberOf(SettingsStore& record, const Row& row) {
+  return row.item != nullptr ? (record.*row.item).value : record.*row.number;
+}
+
+// Form rows over a SettingItem. Their drop-downs store the position exactly
+// as the list reports it: a stored value the list does not offer leaves it
+// without a choice, and the registry then says so with -1 rather than keep
+// a value the user was never shown.
+constexpr Row ItemDropDown(unsigned caption, ItemField field, Choices choices) {
+  return {.name = 0, .editor = EditorKind::DropDown, .caption = caption, .choices = choices, .item = field,
+          .storesNoChoice = true};
+}
+constexpr Row ItemCheck(unsigned caption, ItemField field) {
+  return {.name = 0, .editor = EditorKind::Check, .caption = caption, .item = field};
+}
 
 // A tab of the page: its label and rows, or its form. A tab with neither
 // shows controls of the page's own instead (ShowOwnTab).
@@ -255,7 +276,8 @@ class RowListPage : public SettingsPage {
   void CreateEditors();
   void CreateOrderEditor();
   void CreateForms();
-  int FormRowHeight(const Row& row) const;
+  int FormRowHeight(const Row& row, int width) const;
+  int CheckHeight(const Row& row, int width) const;
   void CreateFormRow(const Row& row, int tab, RECT& area, int& id);
   void FillFormRow(const FormWindows& form);
   void StoreFormRow(const FormWindows& form);

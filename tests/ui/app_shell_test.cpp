@@ -11,6 +11,7 @@
 #include "base/scaling.h"
 #include "pages/about_page.h"
 #include "platform/win32/device.h"
+#include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
 #include "settings/schema.h"
@@ -308,10 +309,14 @@ TEST(AboutPage, BuildDateReadsNaturally) {
   EXPECT_EQ(FormatBuildDate("someday"), u"someday");
 }
 
-// Every page as it exists, at each geometry: pages added later are checked
-// here as soon as their slot has a factory.
+// Every page as it exists, at each geometry and in both languages (German
+// words run longer): pages added later are checked here as soon as their
+// slot has a factory.
 TEST_F(ShellTest, EveryPageFitsTheWindowOnEachScreen) {
-  CheckEveryScreen(L"page", kPageCount, [] {}, [this](int page) { SelectPage(page); });
+  for (std::u16string library : {u"CPEngRc.dll", u"CPDeuRc.dll"}) {
+    PutText(kProductKey, u"SelectedLangResFile", u"\\Program Files\\Orvex\\Tidewell\\LangRes\\" + library);
+    CheckEveryScreen(L"page-" + ToWide(library), kPageCount, [] {}, [this](int page) { SelectPage(page); });
+  }
 }
 
 }  // namespace

@@ -24,16 +24,16 @@ struct RowAt {
 
 inline std::u16string English(unsigned id) { return AsU16(EnglishText(id).c_str()); }
 
+inline bool Holds(const ValueSpec& value, NumberField field) { return value.dword == field; }
+inline bool Holds(const ValueSpec& value, ItemField field) { return value.item == field; }
+inline bool Holds(const ValueSpec& value, TextField field) { return value.string == field; }
+
 // The key path and the value the schema keeps a field under.
 template <typename Field>
 std::pair<const char16_t*, const ValueSpec*> SpecOf(Field field) {
   for (const KeySpec* key : ProductKeys())
     for (const ValueSpec& value : key->values)
-      if constexpr (std::is_same_v<Field, NumberField>) {
-        if (value.dword == field) return {key->path, &value};
-      } else if (value.string == field) {
-        return {key->path, &value};
-      }
+      if (Holds(value, field)) return {key->path, &value};
   return {u"", nullptr};
 }
 
@@ -78,8 +78,8 @@ class RowPageTest : public AppTest {
     };
     SettingsStore& record = Settings();
     each([&](int, bool, int, const Row& row, const std::u16string& mark) {
-      if (row.editor == EditorKind::DropDown) record.*row.number = row.rule(1);
-      if (row.editor == EditorKind::Check) record.*row.number = 1;
+      if (row.editor == EditorKind::DropDown) NumberOf(record, row) = row.rule(1);
+      if (row.editor == EditorKind::Check) NumberOf(record, row) = 1;
       if (row.editor == EditorKind::Text) (record.*row.text).Assign(u"from " + mark);
       if (row.editor == EditorKind::FlagList) record.*row.number = kSomeFlags;
       for (const CheckItem& item : row.items)
@@ -130,7 +130,7 @@ class RowPageTest : public AppTest {
     each([&](int, bool, int, const Row& row, const std::u16string& mark) {
       std::int32_t expected = row.editor == EditorKind::DropDown ? row.rule(lasts[&row])
                               : row.editor == EditorKind::FlagList ? kSomeFlags ^ row.items[0].flag : 0;
-      EXPECT_EQ(row.number ? Saved(row.number) : 0, expected);  // a check row is left off
+      EXPECT_EQ(row.item ? Saved(row.item) : row.number ? Saved(row.number) : 0, expected);  // checks left off
       EXPECT_EQ(row.text ? Saved(row.text) : u"to " + mark, u"to " + mark);
       for (int item = 0; row.editor == EditorKind::CheckList && item < int(row.items.size()); ++item)
         EXPECT_EQ(Saved(row.items[item].field), item == 0 ? 0 : 1) << item;
@@ -138,21 +138,19 @@ class RowPageTest : public AppTest {
   }
   // Stored values; one left at its default may be absent, and one whose
   // default the locale gives is then taken as the record's.
-  std::int32_t Saved(NumberField field) {
+  template <typename Field>  // NumberField, ItemField or TextField
+  auto Saved(Field field) {
     auto [path, spec] = SpecOf(field);
     EXPECT_NE(spec, nullptr) << "no value holds the field";
-    if (spec == nullptr) return {};
-    StoredValue value = Stored(path, spec->name);
-    if (value.present) return std::int32_t(value.dword);
-    if (spec->rule == DefaultRule::Scaled) return ScaleX(spec->number);
-    return spec->rule == DefaultRule::Constant ? spec->number : Settings().*field;
-  }
-  std::u16string Saved(TextField field) {
-    auto [path, spec] = SpecOf(field);
-    EXPECT_NE(spec, nullptr) << "no value holds the field";
-    if (spec == nullptr) return {};
-    StoredValue value = Stored(path, spec->name);
-    return value.present ? value.text : std::u16string(spec->text);
+    StoredValue value = spec ? Stored(path, spec->name) : StoredValue{};
+    if constexpr (std::is_same_v<Field, TextField>) {
+      return value.present || !spec ? value.text : std::u16string(spec->text);
+    } else {
+      if (value.present || !spec) return std::int32_t(value.dword);
+      if (spec->rule == DefaultRule::Scaled) return ScaleX(spec->number);
+      if constexpr (std::is_same_v<Field, ItemField>) return spec->number;
+      else return spec->rule == DefaultRule::Constant ? spec->number : Settings().*field;
+    }
   }
 };
 
