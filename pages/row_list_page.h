@@ -41,8 +41,10 @@ namespace tw {
 // NumberCombo: a drop-down whose text may also be typed, read as a number.
 // TextDropDown: a drop-down storing a text (a path, a name) per entry.
 // CheckList: one check row per setting (set when 1); FlagList: one check
-// row per flag of a single setting. Both only on forms.
-enum class EditorKind { DropDown, Check, Text, Order, NumberCombo, TextDropDown, CheckList, FlagList };
+// row per flag of a single setting. Heading: a caption over the rows that
+// follow; Path: a text with a button that browses for a file. The last four
+// only on forms.
+enum class EditorKind { DropDown, Check, Text, Order, NumberCombo, TextDropDown, CheckList, FlagList, Heading, Path };
 
 struct PageContext;
 
@@ -109,6 +111,11 @@ using StoreCheck = std::int32_t (*)(const PageContext& page, std::int32_t value)
 // takes the result.
 using FillRule = std::int32_t (*)(std::int32_t value);
 
+// Whether a form row can be used with the record as it is. Rules are applied
+// when the page is built and whenever a form drop-down changes, which then
+// stores its setting at once, so the rows follow the choice they depend on.
+using EnableRule = bool (*)(const SettingsStore& record);
+
 using NumberField = std::int32_t SettingsStore::*;
 using TextField = WideString SettingsStore::*;
 
@@ -142,6 +149,7 @@ struct Row {
   FillRule fillRule = nullptr;
   int fallback = -1;  // the entry selected when none has the setting's value
   std::span<const CheckItem> items = {};
+  EnableRule enabled = nullptr;
 };
 
 constexpr Row DropDown(unsigned name, NumberField field, unsigned caption, unsigned tip, Choices choices,
@@ -194,9 +202,20 @@ constexpr Row FlagList(unsigned caption, NumberField field, std::span<const Chec
   return {.name = 0, .editor = EditorKind::FlagList, .number = field, .caption = caption, .items = items};
 }
 inline constexpr int kFormTextLength = 255;
+constexpr Row Heading(unsigned caption) { return {.name = 0, .editor = EditorKind::Heading, .caption = caption}; }
+// A file path, typed or chosen with the file chooser; at most
+// kFormPathLength characters are read back, and nothing checks the file.
+constexpr Row FormPath(unsigned caption, TextField field) {
+  return {.name = 0, .editor = EditorKind::Path, .text = field, .caption = caption};
+}
+inline constexpr int kFormPathLength = 256;
+constexpr Row EnabledWhen(Row row, EnableRule rule) {
+  row.enabled = rule;
+  return row;
+}
 
-// A tab of the page: its label and rows, or its form. A tab with neither
-// shows controls of the page's own instead (ShowOwnTab).
+// A tab of the page: its label and rows, or its form. A tab without rows
+// shows controls of the page's own too (ShowOwnTab), beside its form.
 struct RowTab {
   unsigned label;
   std::span<const Row> rows;
@@ -230,6 +249,8 @@ class RowListPage : public SettingsPage {
   // The control of a form's row (from 0) and its caption (null for none).
   HWND FormControl(int tab, int row) const;
   HWND FormCaption(int tab, int row) const;
+  // A path row's browse button (null for other rows).
+  HWND FormButton(int tab, int row) const;
   HWND OrderList() const { return orderList_; }
 
  protected:
@@ -247,6 +268,7 @@ class RowListPage : public SettingsPage {
     int tab;
     const Row* row;
     HWND caption, control;
+    HWND button = nullptr;  // a path's browse button
   };
 
   const Row* RowAt(int row, int tab) const;
@@ -260,6 +282,9 @@ class RowListPage : public SettingsPage {
   void FillFormRow(const FormWindows& form);
   void StoreFormRow(const FormWindows& form);
   const FormWindows* FindForm(int tab, int row) const;
+  void ApplyEnableRules();
+  bool OnFormCommand(int id, int code);
+  void BrowseForPath(const FormWindows& form);
   void ShowTab(int tab, int showCommand);
   void HideEditors();
   void FillChoices(const Row& row, HWND combo);

@@ -80,7 +80,7 @@ class RowPageTest : public AppTest {
     each([&](int, bool, int, const Row& row, const std::u16string& mark) {
       if (row.editor == EditorKind::DropDown) record.*row.number = row.rule(1);
       if (row.editor == EditorKind::Check) record.*row.number = 1;
-      if (row.editor == EditorKind::Text) (record.*row.text).Assign(u"from " + mark);
+      if (row.editor == EditorKind::Text || row.editor == EditorKind::Path) (record.*row.text).Assign(u"from " + mark);
       if (row.editor == EditorKind::FlagList) record.*row.number = kSomeFlags;
       for (const CheckItem& item : row.items)
         if (item.field != nullptr) record.*item.field = 1;
@@ -111,6 +111,9 @@ class RowPageTest : public AppTest {
           EXPECT_TRUE(IsChecked(control));
           SetChecked(control, false);
           break;
+        case EditorKind::Path:
+          EXPECT_TRUE(IsWindowVisible(Page()->FormButton(tab, i)));
+          [[fallthrough]];
         case EditorKind::Text:
           EXPECT_EQ(GetText(control), u"from " + mark);
           SetText(control, u"to " + mark);
@@ -135,6 +138,19 @@ class RowPageTest : public AppTest {
       for (int item = 0; row.editor == EditorKind::CheckList && item < int(row.items.size()); ++item)
         EXPECT_EQ(Saved(row.items[item].field), item == 0 ? 0 : 1) << item;
     });
+  }
+  // The layout check and screenshots on every screen in English, then in
+  // German, whose words run longer; the library is chosen in the registry
+  // as the General page leaves it. Shots in German are named <name>-de.
+  void CheckEveryScreenInBothLanguages(const std::wstring& name, int shots, const std::function<void()>& open,
+                                       const std::function<void(int shot)>& show) {
+    CheckEveryScreen(name, shots, open, show);
+    Start();
+    std::u16string german = std::u16string(Settings().InstallFolder.View()) + u"\\LangRes\\CPDeuRc.dll";
+    DestroyWindow(Window());
+    Pump();
+    WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile", german);
+    CheckEveryScreen(name + L"-de", shots, open, show);
   }
   // Stored values; one left at its default may be absent, and one whose
   // default the locale gives is then taken as the record's.
