@@ -32,6 +32,7 @@
 #include <vector>
 
 #include "base/wide_string.h"
+#include "data/categories.h"
 #include "pages/preview_cache.h"
 #include "resources/string_ids.h"
 #include "settings/settings_store.h"
@@ -64,8 +65,8 @@ struct SchemeHooks {
 };
 
 // What a page is made with: the window it lives in, the record it edits, the
-// language library its texts come from, the page fonts and the preview's
-// fonts and pictures.
+// language library its texts come from, the page fonts, the preview's fonts
+// and pictures, and the PIM categories.
 struct PageContext {
   HWND window;
   HINSTANCE instance;
@@ -76,6 +77,7 @@ struct PageContext {
   PreviewFontCache& previewFonts;
   PreviewImageSet& previewImages;
   const SchemeHooks* schemes = nullptr;
+  const CategoryList* categories = nullptr;
 };
 
 class SettingsPage {
