@@ -36,7 +36,7 @@ constexpr int kFormCheckHeight = 20;
 constexpr int kFormGap = 4;
 constexpr int kCheckRowHeight = 17;
 constexpr int kNumberTextLength = 256;
-constexpr int kBrowseButtonWidth = 50;
+constexpr int kBrowseButtonWidth = 58;
 constexpr unsigned kBrowseText = 40478;
 
 // Ids within the frame's part of the page's block.

@@ -151,6 +151,8 @@ class RowPageTest : public AppTest {
     Pump();
     WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile", german);
     CheckEveryScreen(name + L"-de", shots, open, show);
+    ScopedKey key(registry(), kCurrentUser, kProductKey, false);
+    registry().DeleteValue(key.get(), u"SelectedLangResFile");  // the prefix is the run script's too
   }
   // Stored values; one left at its default may be absent, and one whose
   // default the locale gives is then taken as the record's.
