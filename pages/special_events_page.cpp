@@ -11,7 +11,7 @@ namespace {
 
 using S = SettingsStore;
 
-constexpr int kGeneralTab = 0, kFilterTab = 1;
+constexpr int kFilterTab = 1;
 constexpr int kDaySpanRow = 0;
 
 constexpr unsigned kNoDateText = 40728, kWarningDaysText = 40727, kFirstFilterText = 40732;
@@ -64,7 +64,7 @@ constexpr NumberField kFilterWarningDays[kEventFilterCount] = {
 
 // Layout in 96-dpi units.
 constexpr int kMargin = 10, kGap = 6, kLineGap = 2;
-constexpr int kCaptionHeight = 14, kFieldHeight = 20, kFieldStep = 24, kDropDownHeight = 100;
+constexpr int kCaptionHeight = 14, kFieldStep = 24, kDropDownHeight = 100;
 constexpr int kFilterListWidth = 70;
 constexpr int kFilterColumnWidth = 300;
 // The band of the main window repainted when another filter is picked. It
@@ -102,45 +102,47 @@ void SpecialEventsPage::CreateFilters() {
   RECT span = {};
   GetWindowRect(FormControl(kFilterTab, kDaySpanRow), &span);
   MapWindowPoints(nullptr, context().window, reinterpret_cast<POINT*>(&span), 2);
-  int left = span.left, right = page.right - ScaleX(kMargin);
-  int top = span.bottom + ScaleY(kGap);
-  int warningTop = top + ScaleY(kCaptionHeight) + ScaleY(kLineGap) + kEventFilterCount * ScaleY(kFieldStep);
-  if (wide) {
-    left = right - (span.right - span.left);
-    warningTop = top;
-    top = page.top + ScaleY(kGap);
-  }
+  int width = span.right - span.left, right = page.right - ScaleX(kMargin), below = span.bottom + ScaleY(kGap);
   int id = FirstOwnId();
-  HFONT font = context().normalFont, bold = context().boldFont;
-  int listWidth = ScaleX(kFilterListWidth), gap = ScaleX(kGap);
-  int choicesLeft = left + listWidth + gap, choicesWidth = right - choicesLeft;
-  int choicesTop = top + ScaleY(kCaptionHeight) + ScaleY(kLineGap);
+  if (wide) {
+    CreateFilterGrid(right - width, page.top + ScaleY(kGap), right, id);
+    CreateWarningDays(span.left, below, width, id);
+  } else {
+    int gridBottom = CreateFilterGrid(span.left, below, right, id);
+    CreateWarningDays(span.left, gridBottom + ScaleY(kLineGap), width, id);
+  }
+}
 
+// The caption, then the filter list with the category drop-downs beside
+// it; returns the grid's bottom.
+int SpecialEventsPage::CreateFilterGrid(int left, int top, int right, int& id) {
+  HFONT font = context().normalFont;
+  int listWidth = ScaleX(kFilterListWidth), height = kEventFilterCount * ScaleY(kFieldStep) - ScaleY(kLineGap);
+  int choicesLeft = left + listWidth + ScaleX(kGap), choicesTop = top + ScaleY(kCaptionHeight) + ScaleY(kLineGap);
   categoryLabel_ = AddControl(L"STATIC", kFilterCategoryLabel, SS_LEFT | SS_NOPREFIX,
-                              Box(left, top, right - left, ScaleY(kCaptionHeight)), id++, bold);
+                              Box(left, top, right - left, ScaleY(kCaptionHeight)), id++, context().boldFont);
   filterList_ = AddControl(WC_LISTVIEWW, L"", WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
                                                   LVS_NOCOLUMNHEADER | LVS_SHOWSELALWAYS,
-                           Box(left, choicesTop, listWidth, kEventFilterCount * ScaleY(kFieldStep) - ScaleY(kLineGap)),
-                           id++, font);
+                           Box(left, choicesTop, listWidth, height), id++, font);
   ListViewPrepare(filterList_);
   SendMessageW(filterList_, LVM_SETCOLUMNWIDTH, 0, ScaleX(kFilterColumnWidth));
   for (int filter = 0; filter < kEventFilterCount; ++filter)
     ListViewAddRow(filterList_, Text(kFirstFilterText + filter).View());
   ListViewSelect(filterList_, selectedFilter_);
-
   for (int filter = 0; filter < kEventFilterCount; ++filter)
     categories_[filter] = AddControl(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
-                                     Box(choicesLeft, choicesTop + filter * ScaleY(kFieldStep), choicesWidth,
+                                     Box(choicesLeft, choicesTop + filter * ScaleY(kFieldStep), right - choicesLeft,
                                          ScaleY(kDropDownHeight)),
                                      id++, font);
+  return choicesTop + height;
+}
 
-  int warningWidth = span.right - span.left;
+void SpecialEventsPage::CreateWarningDays(int left, int top, int width, int& id) {
   warningLabel_ = AddControl(L"STATIC", AsWide(Text(kWarningDaysText).Text()), SS_LEFT | SS_NOPREFIX,
-                             Box(span.left, warningTop, warningWidth, ScaleY(kCaptionHeight)), id++, bold);
+                             Box(left, top, width, ScaleY(kCaptionHeight)), id++, context().boldFont);
   warningDays_ = AddControl(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
-                            Box(span.left, warningTop + ScaleY(kCaptionHeight) + ScaleY(kLineGap), warningWidth,
-                                ScaleY(kDropDownHeight)),
-                            id++, font);
+                            Box(left, top + ScaleY(kCaptionHeight) + ScaleY(kLineGap), width, ScaleY(kDropDownHeight)),
+                            id++, context().normalFont);
   for (int days = 0; days <= kMaxWarningDays; ++days) ComboAdd(warningDays_, FormatText(u"%d", {days}));
   // Like the general warning list, it starts at the general warning days.
   ComboSelect(warningDays_, settings().SEAlertBeforeDays);

@@ -39,6 +39,8 @@ class SpecialEventsPage : public RowListPage {
 
  private:
   void CreateFilters();
+  int CreateFilterGrid(int left, int top, int right, int& id);
+  void CreateWarningDays(int left, int top, int width, int& id);
   void NarrowDaySpan(int width);
   void FillCategories();
   void OnFilterSelected(int filter);
