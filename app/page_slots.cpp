@@ -14,7 +14,7 @@ PageContext MakePageContext() {
   const ShellState& shell = Shell();
   return {shell.mainWindow, shell.instance,  shell.language,  shell.normalFont,
           shell.boldFont,   Settings(),      PreviewFonts(),  PreviewImages(),
-          &PageSchemeHooks(), &Platform().registry};
+          &PageSchemeHooks(), &Platform().registry, &Categories().categories};
 }
 
 void ShowPage(int index, int showCommand) {

@@ -7,6 +7,8 @@
 #include "pages/general_page.h"
 #include "pages/messages_page.h"
 #include "pages/notes_page.h"
+#include "pages/pim_source_page.h"
+#include "pages/special_events_page.h"
 #include "pages/tabs_page.h"
 #include "pages/tasks_page.h"
 #include "resources/resource_ids.h"
@@ -32,10 +34,10 @@ constexpr PageRow kPages[kPageCount] = {
     {kPageNameTexts[2], MakeTasksPage, 2, false, kTasksPageIds},  // Tasks
     {kPageNameTexts[3], MakeNotesPage, 3, false, kNotesPageIds},  // Notes
     {kPageNameTexts[4], MakeMessagesPage, 4, false, kMessagesPageIds},  // Messages
-    {kPageNameTexts[5], nullptr, 5, false, Block(5)},          // Special events
+    {kPageNameTexts[5], MakeSpecialEventsPage, 5, false, kSpecialEventsPageIds},  // Special events
     {kPageNameTexts[6], MakeFontsPage, 8, false, kFontsPageIds},      // Fonts
     {kPageNameTexts[7], MakeColoursPage, 7, false, kColoursPageIds},  // Colours
-    {kPageNameTexts[8], nullptr, 6, false, Block(8)},          // PIM source
+    {kPageNameTexts[8], MakePimSourcePage, 6, false, kPimSourcePageIds},  // PIM source
     {kPageNameTexts[9], MakeTabsPage, 9, false, kTabsPageIds},        // Tabs
     {kPageNameTexts[10], nullptr, -1, true, Block(10)},        // category list
     {kPageNameTexts[11], nullptr, -1, true, Block(11)},        // filter panel

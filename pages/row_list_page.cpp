@@ -6,9 +6,11 @@
 #include <utility>
 
 #include "base/scaling.h"
+#include "controls/file_chooser.h"
 #include "pages/common_controls.h"
 #include "platform/load_text.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_text_library.h"
 
 namespace tw {
@@ -35,6 +37,8 @@ constexpr int kCheckTextGap = 4;  // between the box and its text
 constexpr int kFormGap = 4;
 constexpr int kCheckRowHeight = 17;
 constexpr int kNumberTextLength = 256;
+constexpr int kBrowseButtonWidth = 58;
+constexpr unsigned kBrowseText = 40478;
 
 // Ids within the frame's part of the page's block.
 enum FrameId {
@@ -198,7 +202,8 @@ void RowListPage::CreateOrderEditor() {
 
 // Each form is a column of captioned controls from the top of the page;
 // pages wider than high go on in a second column what the first cannot
-// hold. A check list takes the rows it has, or what room is left.
+// hold, and then have both columns half as wide. A check list takes the
+// rows it has, or what room is left.
 void RowListPage::CreateForms() {
   int id = ids_.first + kRowListIdCount;
   RECT page = PageArea();
@@ -206,7 +211,9 @@ void RowListPage::CreateForms() {
   int half = (page.right - 3 * ScaleX(kMargin)) / 2;
   for (int tab = 0; tab < int(tabs_.size()); ++tab) {
     std::vector<RECT> columns = {{ScaleX(kMargin), top, page.right - ScaleX(kMargin), bottom}};
-    if (page.right > page.bottom)
+    int height = 0;
+    for (const Row& row : tabs_[tab].form) height += FormRowHeight(row) + ScaleY(kFormGap);
+    if (page.right > page.bottom && top + height - ScaleY(kFormGap) > bottom)
       columns = {{ScaleX(kMargin), top, ScaleX(kMargin) + half, bottom},
                  {page.right - ScaleX(kMargin) - half, top, page.right - ScaleX(kMargin), bottom}};
     std::size_t column = 0;
@@ -218,6 +225,16 @@ void RowListPage::CreateForms() {
   }
   firstOwnId_ = id;
   for (const FormWindows& form : forms_) FillFormRow(form);
+  ApplyEnableRules();
+}
+
+void RowListPage::ApplyEnableRules() {
+  for (const FormWindows& form : forms_)
+    if (form.row->enabled != nullptr) {
+      BOOL enable = form.row->enabled(settings()) ? TRUE : FALSE;
+      for (HWND window : {form.caption, form.control, form.button})
+        if (window != nullptr) EnableWindow(window, enable);
+    }
 }
 
 int RowListPage::FormRowHeight(const Row& row, int width) const {
@@ -226,6 +243,8 @@ int RowListPage::FormRowHeight(const Row& row, int width) const {
   switch (row.editor) {
     case EditorKind::Check:
       return CheckHeight(row, width);
+    case EditorKind::Heading:
+      return caption;
     case EditorKind::CheckList:
     case EditorKind::FlagList:
       return caption + ScaleY(kCheckRowHeight) * int(row.items.size()) + ScaleY(kGap);
@@ -269,6 +288,17 @@ void RowListPage::CreateFormRow(const Row& row, int tab, RECT& area, int& id) {
       form.control = AddControl(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
                                 Box(area.left, area.top, width, height), id++, font);
       break;
+    case EditorKind::Heading:
+      form.control = form.caption;
+      break;
+    case EditorKind::Path: {
+      int button = ScaleX(kBrowseButtonWidth), field = width - button - ScaleX(kGap);
+      form.control = AddControl(L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
+                                Box(area.left, area.top, field, height), id++, font);
+      form.button = AddControl(L"BUTTON", AsWide(Text(kBrowseText).Text()), BS_PUSHBUTTON | WS_TABSTOP,
+                               Box(area.right - button, area.top, button, height), id++, font);
+      break;
+    }
     case EditorKind::CheckList:
     case EditorKind::FlagList:
       form.control = AddControl(WC_LISTVIEWW, L"", kListStyle, Box(area.left, area.top, width, height), id++, font);
@@ -294,7 +324,10 @@ void RowListPage::FillFormRow(const FormWindows& form) {
       SetChecked(control, (NumberOf(record, row) & 1) != 0);
       break;
     case EditorKind::Text:
+    case EditorKind::Path:
       SetText(control, (record.*row.text).View());
+      break;
+    case EditorKind::Heading:
       break;
     case EditorKind::CheckList:
       for (int i = 0; i < int(row.items.size()); ++i) ListViewSetChecked(control, i, record.*row.items[i].field == 1);
@@ -318,12 +351,16 @@ void RowListPage::StoreFormRow(const FormWindows& form) {
     case EditorKind::Check:
       NumberOf(record, row) = IsChecked(control) ? 1 : 0;
       break;
-    case EditorKind::Text: {
+    case EditorKind::Text:
+    case EditorKind::Path: {
       std::u16string text = GetText(control);
-      if (text.size() > kFormTextLength) text.resize(kFormTextLength);
+      std::size_t length = row.editor == EditorKind::Path ? kFormPathLength : kFormTextLength;
+      if (text.size() > length) text.resize(length);
       (record.*row.text).Assign(text);
       break;
     }
+    case EditorKind::Heading:
+      break;
     case EditorKind::CheckList:
       for (int i = 0; i < int(row.items.size()); ++i) record.*row.items[i].field = ListViewChecked(control, i) ? 1 : 0;
       break;
@@ -358,6 +395,11 @@ HWND RowListPage::FormCaption(int tab, int row) const {
   return form ? form->caption : nullptr;
 }
 
+HWND RowListPage::FormButton(int tab, int row) const {
+  const FormWindows* form = FindForm(tab, row);
+  return form ? form->button : nullptr;
+}
+
 int RowListPage::CurrentTab() const { return tabStrip_ ? TabSelection(tabStrip_) : -1; }
 
 HWND RowListPage::List(int tab) const {
@@ -388,12 +430,11 @@ void RowListPage::ShowTab(int tab, int showCommand) {
   if (list != nullptr) {
     ShowWindow(list, showCommand);
     SetWindowPos(list, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-  } else if (tab >= 0 && tab < int(tabs_.size()) && !tabs_[tab].form.empty()) {
+  } else {
     for (const FormWindows& form : forms_)
       if (form.tab == tab)
-        for (HWND window : {form.caption, form.control})
+        for (HWND window : {form.caption, form.control, form.button})
           if (window != nullptr) ShowWindow(window, showCommand);
-  } else {
     ShowOwnTab(tab, showCommand);
   }
   HideEditors();
@@ -444,6 +485,8 @@ void RowListPage::Fill(int rowNumber, int tab) {
       break;
     case EditorKind::CheckList:
     case EditorKind::FlagList:
+    case EditorKind::Heading:
+    case EditorKind::Path:
       break;  // form rows only
     case EditorKind::Check:
       SetChecked(editor_.check, (record.*row->number & 1) != 0);
@@ -535,6 +578,8 @@ void RowListPage::Store(int rowNumber, int tab) {
     case EditorKind::Order:
     case EditorKind::CheckList:
     case EditorKind::FlagList:
+    case EditorKind::Heading:
+    case EditorKind::Path:
       break;  // every move is written at once; check lists are form rows
   }
 }
@@ -574,7 +619,38 @@ void RowListPage::ResetOrder() {
   FillOrder(*shownOrder_);
 }
 
+// A drop-down is stored as soon as a choice is made in it, so that the rows
+// whose use depends on it follow at once.
+bool RowListPage::OnFormCommand(int id, int code) {
+  for (const FormWindows& form : forms_) {
+    if (form.button != nullptr && id == GetDlgCtrlID(form.button) && code == BN_CLICKED) {
+      BrowseForPath(form);
+      return true;
+    }
+    bool choice = code == CBN_SELCHANGE || code == CBN_SELENDOK;
+    if (choice && id == GetDlgCtrlID(form.control) && form.row->editor == EditorKind::DropDown) {
+      StoreFormRow(form);
+      ApplyEnableRules();
+      return true;
+    }
+  }
+  return false;
+}
+
+// The chooser starts where the typed path points; one too long for its
+// buffer starts it at the root rather than being cut.
+void RowListPage::BrowseForPath(const FormWindows& form) {
+  std::wstring typed = ToWide(GetText(form.control));
+  wchar_t path[kChooserPathCapacity] = {};
+  if (typed.size() < kChooserPathCapacity) std::wcscpy(path, typed.c_str());
+  Win32FileSystem files;
+  if (ChoosePath(context().window, context().instance, context().language, files, locale_, BrowseFor::File, path,
+                 kChooserPathCapacity) == 1)
+    SetText(form.control, AsU16(path));
+}
+
 bool RowListPage::OnCommand(HWND, UINT, WPARAM wParam, LPARAM) {
+  if (OnFormCommand(LOWORD(wParam), HIWORD(wParam))) return true;
   if (HIWORD(wParam) != BN_CLICKED) return false;
   int id = LOWORD(wParam) - ids_.first;
   if (id == kOrderUpId) MoveOrderPart(-1);

@@ -41,8 +41,10 @@ namespace tw {
 // NumberCombo: a drop-down whose text may also be typed, read as a number.
 // TextDropDown: a drop-down storing a text (a path, a name) per entry.
 // CheckList: one check row per setting (set when 1); FlagList: one check
-// row per flag of a single setting. Both only on forms.
-enum class EditorKind { DropDown, Check, Text, Order, NumberCombo, TextDropDown, CheckList, FlagList };
+// row per flag of a single setting. Heading: a caption over the rows that
+// follow; Path: a text with a button that browses for a file. The last four
+// only on forms.
+enum class EditorKind { DropDown, Check, Text, Order, NumberCombo, TextDropDown, CheckList, FlagList, Heading, Path };
 
 struct PageContext;
 
@@ -109,6 +111,11 @@ using StoreCheck = std::int32_t (*)(const PageContext& page, std::int32_t value)
 // takes the result.
 using FillRule = std::int32_t (*)(std::int32_t value);
 
+// Whether a form row can be used with the record as it is. Rules are applied
+// when the page is built and whenever a form drop-down changes, which then
+// stores its setting at once, so the rows follow the choice they depend on.
+using EnableRule = bool (*)(const SettingsStore& record);
+
 using NumberField = std::int32_t SettingsStore::*;
 using TextField = WideString SettingsStore::*;
 // A number that carries its own default and registry name.
@@ -146,6 +153,7 @@ struct Row {
   std::span<const CheckItem> items = {};
   ItemField item = nullptr;  // in place of number
   bool storesNoChoice = false;  // a drop-down left without a choice stores -1
+  EnableRule enabled = nullptr;
 };
 
 constexpr Row DropDown(unsigned name, NumberField field, unsigned caption, unsigned tip, Choices choices,
@@ -198,26 +206,20 @@ constexpr Row FlagList(unsigned caption, NumberField field, std::span<const Chec
   return {.name = 0, .editor = EditorKind::FlagList, .number = field, .caption = caption, .items = items};
 }
 inline constexpr int kFormTextLength = 255;
-
-// The number a row edits: its setting, or its SettingItem's value.
-inline std::int32_t& NumberOf(SettingsStore& record, const Row& row) {
-  return row.item != nullptr ? (record.*row.item).value : record.*row.number;
+constexpr Row Heading(unsigned caption) { return {.name = 0, .editor = EditorKind::Heading, .caption = caption}; }
+// A file path, typed or chosen with the file chooser; at most
+// kFormPathLength characters are read back, and nothing checks the file.
+constexpr Row FormPath(unsigned caption, TextField field) {
+  return {.name = 0, .editor = EditorKind::Path, .text = field, .caption = caption};
+}
+inline constexpr int kFormPathLength = 256;
+constexpr Row EnabledWhen(Row row, EnableRule rule) {
+  row.enabled = rule;
+  return row;
 }
 
-// Form rows over a SettingItem. Their drop-downs store the position exactly
-// as the list reports it: a stored value the list does not offer leaves it
-// without a choice, and the registry then says so with -1 rather than keep
-// a value the user was never shown.
-constexpr Row ItemDropDown(unsigned caption, ItemField field, Choices choices) {
-  return {.name = 0, .editor = EditorKind::DropDown, .caption = caption, .choices = choices, .item = field,
-          .storesNoChoice = true};
-}
-constexpr Row ItemCheck(unsigned caption, ItemField field) {
-  return {.name = 0, .editor = EditorKind::Check, .caption = caption, .item = field};
-}
-
-// A tab of the page: its label and rows, or its form. A tab with neither
-// shows controls of the page's own instead (ShowOwnTab).
+  ItemField item = nullptr;  // in place of number
+  bool storesNoChoice = false;  // a drop-down left without a choice stores -1
 struct RowTab {
   unsigned label;
   std::span<const Row> rows;
@@ -251,6 +253,8 @@ class RowListPage : public SettingsPage {
   // The control of a form's row (from 0) and its caption (null for none).
   HWND FormControl(int tab, int row) const;
   HWND FormCaption(int tab, int row) const;
+  // A path row's browse button (null for other rows).
+  HWND FormButton(int tab, int row) const;
   HWND OrderList() const { return orderList_; }
 
  protected:
@@ -268,6 +272,7 @@ class RowListPage : public SettingsPage {
     int tab;
     const Row* row;
     HWND caption, control;
+    HWND button = nullptr;  // a path's browse button
   };
 
   const Row* RowAt(int row, int tab) const;
@@ -282,6 +287,9 @@ class RowListPage : public SettingsPage {
   void FillFormRow(const FormWindows& form);
   void StoreFormRow(const FormWindows& form);
   const FormWindows* FindForm(int tab, int row) const;
+  void ApplyEnableRules();
+  bool OnFormCommand(int id, int code);
+  void BrowseForPath(const FormWindows& form);
   void ShowTab(int tab, int showCommand);
   void HideEditors();
   void FillChoices(const Row& row, HWND combo);

@@ -32,6 +32,7 @@
 #include <vector>
 
 #include "base/wide_string.h"
+#include "data/categories.h"
 #include "pages/preview_cache.h"
 #include "platform/registry.h"
 #include "resources/string_ids.h"
@@ -65,8 +66,8 @@ struct SchemeHooks {
 };
 
 // What a page is made with: the window it lives in, the record it edits, the
-// language library its texts come from, the page fonts and the preview's
-// fonts and pictures.
+// language library its texts come from, the page fonts, the preview's fonts
+// and pictures, and the PIM categories.
 struct PageContext {
   HWND window;
   HINSTANCE instance;
@@ -80,6 +81,7 @@ struct PageContext {
   // The registry itself, for the Today screen's own items (the Tabs page
   // lists them and switches one off); the settings go through the record.
   Registry* registry = nullptr;
+  const CategoryList* categories = nullptr;
 };
 
 class SettingsPage {

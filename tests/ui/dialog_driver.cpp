@@ -138,6 +138,15 @@ void Tap(HWND window, POINT at) {
   SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
 }
 
+void TapChooserRow(HWND dialog, const std::wstring& text) {
+  HWND list = GetDlgItem(dialog, IDC_CHOOSER_LIST);
+  LRESULT row = SendMessageW(list, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str()));
+  ASSERT_NE(row, LB_ERR) << "no row for the entry";
+  RECT area = {};
+  SendMessageW(list, LB_GETITEMRECT, row, reinterpret_cast<LPARAM>(&area));
+  Tap(list, {area.left + 5, (area.top + area.bottom) / 2});
+}
+
 // A button reports its click to the dialog as the system would.
 void TapControl(HWND dialog, int id) {
   HWND control = GetDlgItem(dialog, id);

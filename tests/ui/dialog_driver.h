@@ -44,6 +44,8 @@ class DialogTest : public ::testing::Test {
 
 void Tap(HWND window, POINT at);
 void TapControl(HWND dialog, int id);
+// A tap on the file chooser's row showing `text`, as the list box reports it.
+void TapChooserRow(HWND dialog, const std::wstring& text);
 void TapMenuBar(HWND dialog, int command);
 bool MenuBarHas(HWND dialog, int command);
 // Types into a field replacing its text, as an undoable edit, then leaves it.

@@ -55,33 +55,23 @@ std::vector<std::wstring> Rows(HWND dialog) {
   return rows;
 }
 
-// A tap on the row showing `text`, as the list box reports it.
-void TapRow(HWND dialog, const std::wstring& text) {
-  HWND list = GetDlgItem(dialog, IDC_CHOOSER_LIST);
-  LRESULT row = SendMessageW(list, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str()));
-  ASSERT_NE(row, LB_ERR) << "no row for the entry";
-  RECT area = {};
-  SendMessageW(list, LB_GETITEMRECT, row, reinterpret_cast<LPARAM>(&area));
-  Tap(list, {area.left + 5, (area.top + area.bottom) / 2});
-}
-
 TEST_F(FileChooserTest, BothModesGoDownAndUpAndChoose) {
   wchar_t path[kChooserPathCapacity] = L"\\twdlg";
   Then(IDC_CHOOSER_LIST, [&](HWND dialog) {
     EXPECT_EQ(Rows(dialog), (std::vector<std::wstring>{L"apps\\", L"Docs\\", L"zeta.txt"}));
     EXPECT_EQ(ItemText(dialog, IDC_CHOOSER_PATH), L"\\twdlg");
-    TapRow(dialog, L"Docs\\");
+    TapChooserRow(dialog, L"Docs\\");
     EXPECT_EQ(Rows(dialog), (std::vector<std::wstring>{L"Notes\\", L"b.txt"}));
     for (const wchar_t* shown : {L"\\twdlg\\Docs", L"\\twdlg", L"\\"}) {
       EXPECT_EQ(ItemText(dialog, IDC_CHOOSER_PATH), shown);
       TapControl(dialog, IDC_CHOOSER_UP);
     }
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_CHOOSER_UP))) << "nothing above the root";
-    TapRow(dialog, L"twdlg\\");
-    TapRow(dialog, L"Docs\\");
+    TapChooserRow(dialog, L"twdlg\\");
+    TapChooserRow(dialog, L"Docs\\");
     TapMenuBar(dialog, IDOK);  // no file chosen yet: told so, and the chooser stays
     EXPECT_TRUE(IsWindowVisible(dialog));
-    TapRow(dialog, L"b.txt");
+    TapChooserRow(dialog, L"b.txt");
     EXPECT_EQ(ItemText(dialog, IDC_CHOOSER_PATH), L"\\twdlg\\Docs\\b.txt");
     TapMenuBar(dialog, IDOK);
   });
@@ -95,7 +85,7 @@ TEST_F(FileChooserTest, BothModesGoDownAndUpAndChoose) {
   Then(IDC_CHOOSER_LIST, [&](HWND dialog) {
     EXPECT_EQ(ItemText(dialog, IDC_CHOOSER_PATH), L"\\twdlg\\Docs") << "starts in the folder of the path given";
     EXPECT_EQ(Rows(dialog), (std::vector<std::wstring>{L"Notes\\"}));
-    TapRow(dialog, L"Notes\\");
+    TapChooserRow(dialog, L"Notes\\");
     TapMenuBar(dialog, IDOK);
   });
   EXPECT_EQ(Choose(BrowseFor::Folder, path), 1);
@@ -115,7 +105,7 @@ TEST_F(FileChooserTest, FolderNamedInAnotherScript) {
   std::wstring name = std::wstring(kOtherScript).substr(7);
   Then(IDC_CHOOSER_LIST, [&](HWND dialog) {
     EXPECT_EQ(Rows(dialog).back(), name + L"\\") << "sorted after the Latin names here";
-    TapRow(dialog, name + L"\\");
+    TapChooserRow(dialog, name + L"\\");
     EXPECT_EQ(ItemText(dialog, IDC_CHOOSER_PATH), kOtherScript);
     TapMenuBar(dialog, IDOK);
   });
@@ -129,9 +119,9 @@ TEST_F(FileChooserTest, PathTooLongForTheBufferIsRefused) {
   const std::size_t room = std::wcslen(L"\\twdlg\\Docs") + 1;
   wchar_t path[kChooserPathCapacity] = L"\\twdlg\\Docs";
   Then(IDC_CHOOSER_LIST, [&](HWND dialog) {
-    TapRow(dialog, L"Notes\\");
+    TapChooserRow(dialog, L"Notes\\");
     EXPECT_EQ(ItemText(dialog, IDC_CHOOSER_PATH), L"\\twdlg\\Docs") << "the folder shown stays";
-    TapRow(dialog, L"b.txt");
+    TapChooserRow(dialog, L"b.txt");
     TapMenuBar(dialog, IDOK);
     EXPECT_TRUE(IsWindowVisible(dialog)) << "a file path too long is not chosen";
     TapMenuBar(dialog, IDM_CANCEL);

@@ -53,6 +53,12 @@ class RowPageTest : public AppTest {
     if (Page()->CurrentTab() != at.tab) SelectTab(at.tab);
     ListViewSelect(Page()->List(at.tab), at.row - 1);
   }
+  // A choice in a drop-down, as the control reports it.
+  void Pick(HWND combo, int position, int code = CBN_SELCHANGE) {
+    ComboSelect(combo, position);
+    SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), code), LPARAM(combo));
+    Pump();
+  }
   void Deselect() { ListViewSelect(Page()->List(Page()->CurrentTab()), -1); }
   void Press(HWND button) {
     SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(button), BN_CLICKED), LPARAM(button));
@@ -80,7 +86,7 @@ class RowPageTest : public AppTest {
     each([&](int, bool, int, const Row& row, const std::u16string& mark) {
       if (row.editor == EditorKind::DropDown) NumberOf(record, row) = row.rule(1);
       if (row.editor == EditorKind::Check) NumberOf(record, row) = 1;
-      if (row.editor == EditorKind::Text) (record.*row.text).Assign(u"from " + mark);
+      if (row.editor == EditorKind::Text || row.editor == EditorKind::Path) (record.*row.text).Assign(u"from " + mark);
       if (row.editor == EditorKind::FlagList) record.*row.number = kSomeFlags;
       for (const CheckItem& item : row.items)
         if (item.field != nullptr) record.*item.field = 1;
@@ -111,6 +117,9 @@ class RowPageTest : public AppTest {
           EXPECT_TRUE(IsChecked(control));
           SetChecked(control, false);
           break;
+        case EditorKind::Path:
+          EXPECT_TRUE(IsWindowVisible(Page()->FormButton(tab, i)));
+          [[fallthrough]];
         case EditorKind::Text:
           EXPECT_EQ(GetText(control), u"from " + mark);
           SetText(control, u"to " + mark);
@@ -135,6 +144,18 @@ class RowPageTest : public AppTest {
       for (int item = 0; row.editor == EditorKind::CheckList && item < int(row.items.size()); ++item)
         EXPECT_EQ(Saved(row.items[item].field), item == 0 ? 0 : 1) << item;
     });
+  }
+  // The layout check and screenshots on every screen in English, then in
+  // German, whose words run longer; the library is chosen in the registry
+  // as the General page leaves it. Shots in German are named <name>-de.
+  void CheckEveryScreenInBothLanguages(const std::wstring& name, int shots, const std::function<void()>& open,
+                                       const std::function<void(int shot)>& show) {
+    CheckEveryScreen(name, shots, open, show);
+    WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile",
+              u"\\Program Files\\Orvex\\Tidewell\\LangRes\\CPDeuRc.dll");
+    CheckEveryScreen(name + L"-de", shots, open, show);
+    // The prefix is the run script's too: it gets its language back.
+    registry().DeleteValue(ScopedKey(registry(), kCurrentUser, kProductKey, false).get(), u"SelectedLangResFile");
   }
   // Stored values; one left at its default may be absent, and one whose
   // default the locale gives is then taken as the record's.
