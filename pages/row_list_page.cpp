@@ -211,8 +211,8 @@ void RowListPage::CreateForms() {
   int half = (page.right - 3 * ScaleX(kMargin)) / 2;
   for (int tab = 0; tab < int(tabs_.size()); ++tab) {
     std::vector<RECT> columns = {{ScaleX(kMargin), top, page.right - ScaleX(kMargin), bottom}};
-    int height = 0;
-    for (const Row& row : tabs_[tab].form) height += FormRowHeight(row) + ScaleY(kFormGap);
+    int height = 0, fullWidth = columns[0].right - columns[0].left;
+    for (const Row& row : tabs_[tab].form) height += FormRowHeight(row, fullWidth) + ScaleY(kFormGap);
     if (page.right > page.bottom && top + height - ScaleY(kFormGap) > bottom)
       columns = {{ScaleX(kMargin), top, ScaleX(kMargin) + half, bottom},
                  {page.right - ScaleX(kMargin) - half, top, page.right - ScaleX(kMargin), bottom}};

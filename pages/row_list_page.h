@@ -218,8 +218,25 @@ constexpr Row EnabledWhen(Row row, EnableRule rule) {
   return row;
 }
 
-  ItemField item = nullptr;  // in place of number
-  bool storesNoChoice = false;  // a drop-down left without a choice stores -1
+// The number a row edits: its setting, or its SettingItem's value.
+inline std::int32_t& NumberOf(SettingsStore& record, const Row& row) {
+  return row.item != nullptr ? (record.*row.item).value : record.*row.number;
+}
+
+// Form rows over a SettingItem. Their drop-downs store the position exactly
+// as the list reports it: a stored value the list does not offer leaves it
+// without a choice, and the registry then says so with -1 rather than keep
+// a value the user was never shown.
+constexpr Row ItemDropDown(unsigned caption, ItemField field, Choices choices) {
+  return {.name = 0, .editor = EditorKind::DropDown, .caption = caption, .choices = choices, .item = field,
+          .storesNoChoice = true};
+}
+constexpr Row ItemCheck(unsigned caption, ItemField field) {
+  return {.name = 0, .editor = EditorKind::Check, .caption = caption, .item = field};
+}
+
+// A tab of the page: its label and rows, or its form. A tab without rows
+// shows controls of the page's own too (ShowOwnTab), beside its form.
 struct RowTab {
   unsigned label;
   std::span<const Row> rows;
