@@ -39,6 +39,11 @@ inline constexpr MessagePair kSettingsExported{40208, 40209}, kCannotOpenSetting
 inline constexpr MessagePair kNoSchemeSelected{40485, 40486}, kAskDeleteScheme{40487, 40488},
     kSchemeNameEmpty{40489, 40490}, kSchemeExists{40491, 40492}, kSchemeSaved{40493, 40494},
     kAskLoadScheme{40495, 40496}, kSchemeCannotOpen{40497, 40498}, kSchemeLoadFailed{40499, 40500};
+// Undo and the backup before a rewrite: our own texts, numbered apart from the device's.
+inline constexpr MessagePair kAskUndoRewrite{41101, 41102}, kRewriteUndone{41103, 41104},
+    kBackupUnreadable{41105, 41106}, kUndoIncomplete{41107, 41108};
+inline constexpr MessagePair kBackupNoFolder{41109, 41113}, kBackupNoRoom{41110, 41113},
+    kBackupLinkInTheWay{41111, 41113}, kBackupNotWritten{41112, 41113};
 inline constexpr MessagePair kAskHidePlugin{40736, 40737}, kTabExists{40749, 40750};
 
 inline constexpr unsigned kLanguageTexts[] = {
@@ -166,6 +171,10 @@ inline constexpr unsigned kLanguageTexts[] = {
 
     // File and folder chooser; the font chooser's title.
     40986, 40987, 40988, 40989, 40990, 40991, 40992, 40993,
+
+    // Undo of the last import or scheme; the backup written before either.
+    41101, 41102, 41103, 41104, 41105, 41106, 41107, 41108, 41109, 41110, 41111,
+    41112, 41113,
 };
 
 // Texts of the three dialogs that pages open.
