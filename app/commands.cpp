@@ -1,6 +1,6 @@
 // The main window's WM_COMMAND: the current page first (a command it takes
 // goes no further), then the page selector, then the shell's own commands:
-// Done, Cancel, Export, Import, and the schemes the Colours page applies.
+// Done, Cancel, Export, Import, Undo, and the schemes the Colours page applies.
 #include <windows.h>
 
 #include "app/main_window.h"
@@ -47,15 +47,19 @@ void OnExport(HWND window) {
   ShowPair(window, ExportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder)));
 }
 
-// Import and schemes replace the registry with no way back, so the whole
-// export is copied aside first. After a rewrite failed half way the registry
-// holds a broken state: the copy of the last whole one is then kept.
+// Import, schemes and Undo replace the registry with no way back, so the
+// present state is copied aside first, and a rewrite that cannot leave that
+// copy does not start. After a rewrite failed half way the registry holds a
+// broken state: the copy of the last whole one is then kept.
 HWND gRewriteFailedIn = nullptr;  // the main window of the run it failed in
 
-void BackUpBeforeRewrite(HWND window) {
-  if (gRewriteFailedIn == window) return;
+bool BackedUpBeforeRewrite(HWND window) {
+  if (gRewriteFailedIn == window) return true;
   std::wstring folder = device::DocumentsFolder();
-  if (!folder.empty()) BackUpSettings(Platform().Environment(), Categories(), ToU16(folder));
+  MessagePair refused =
+      folder.empty() ? kBackupNoFolder : BackUpSettings(Platform().Environment(), Categories(), ToU16(folder));
+  if (refused != kNoMessage) ShowPair(window, refused);
+  return refused == kNoMessage;
 }
 
 // After the registry was rewritten wholesale: the record is read back, the
@@ -73,7 +77,7 @@ void FinishRewrite(HWND window, MessagePair success) {
 void OnImport(HWND window) {
   std::wstring folder = device::DocumentsFolder();
   if (folder.empty()) return ShowPair(window, kCannotOpenSettingsFile);
-  BackUpBeforeRewrite(window);
+  if (!BackedUpBeforeRewrite(window)) return;
   ImportOutcome outcome = ImportSettingsFile(Platform().registry, Platform().files, Categories(), ToU16(folder));
   if (!outcome.succeeded) {
     if (outcome.message == kImportFailed) gRewriteFailedIn = window;
@@ -83,13 +87,26 @@ void OnImport(HWND window) {
   FinishRewrite(window, outcome.message);
 }
 
+// Undo backs up the present state in the backup's place, so that a second
+// Undo takes back the first.
+void OnUndoRewrite(HWND window) {
+  if (ShowMessage(window, kAskUndoRewrite, MB_YESNO) != IDYES) return;
+  std::wstring folder = device::DocumentsFolder();
+  if (folder.empty()) return ShowPair(window, kBackupUnreadable);
+  MessagePair failure =
+      UndoRewrite(Platform().Environment(), Categories(), ToU16(folder), gRewriteFailedIn != window);
+  if (failure == kUndoIncomplete) gRewriteFailedIn = window;
+  if (failure != kNoMessage) return ShowPair(window, failure);
+  FinishRewrite(window, kRewriteUndone);
+}
+
 MessagePair SaveSchemeFromPage(std::u16string_view name) {
   return SaveScheme(Platform().registry, Platform().files, Categories().categories,
                     Settings().InstallFolder.View(), name);
 }
 
 void ApplySchemeFromPage(HWND window, std::u16string_view fileName) {
-  BackUpBeforeRewrite(window);
+  if (!BackedUpBeforeRewrite(window)) return;
   MessagePair failure =
       LoadScheme(Platform().registry, Platform().files, Categories(), Settings().InstallFolder.View(), fileName);
   if (failure == kSchemeLoadFailed) gRewriteFailedIn = window;
@@ -102,6 +119,11 @@ void ApplySchemeFromPage(HWND window, std::u16string_view fileName) {
 const SchemeHooks& PageSchemeHooks() {
   static constexpr SchemeHooks hooks = {SaveSchemeFromPage, ApplySchemeFromPage};
   return hooks;
+}
+
+bool CanUndoRewrite() {
+  std::wstring folder = device::DocumentsFolder();
+  return !folder.empty() && Platform().files.Exists(ToU16(folder + L"\\") + std::u16string(kSettingsBackupName));
 }
 
 void FreeLanguageLibrary() {
@@ -132,6 +154,9 @@ LRESULT OnMainCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case IDM_IMPORT:
       OnImport(window);
+      return 0;
+    case IDM_UNDO_REWRITE:
+      OnUndoRewrite(window);
       return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);

@@ -173,11 +173,13 @@ void OnTap(LPARAM position) {
     page->OnTap(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position)));
 }
 
-// The font-size command exists only while the Fonts page is shown.
+// The font-size command exists only while the Fonts page is shown; Undo
+// only while there is a backup to restore.
 void OnInitMenuPopup() {
   auto menu = reinterpret_cast<HMENU>(SendMessageW(Shell().menuBar, device::kMenuBarGetMenu, 0, 0));
   HMENU tools = menu ? GetSubMenu(menu, 0) : nullptr;
   if (tools == nullptr) return;
+  EnableMenuItem(tools, IDM_UNDO_REWRITE, MF_BYCOMMAND | (CanUndoRewrite() ? MF_ENABLED : MF_GRAYED));
   DeleteMenu(tools, IDM_APPLY_FONT_SIZE, MF_BYCOMMAND);
   if (Shell().currentPage == kFontsPage) {
     WideString text = LanguageText(kApplyFontSizeText);

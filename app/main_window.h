@@ -34,6 +34,8 @@ void DestroyPages();
 // commands.cpp
 LRESULT OnMainCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 void FreeLanguageLibrary();
+// Whether a backup lies beside the settings file for Undo to restore.
+bool CanUndoRewrite();
 // Saving and applying schemes for the Colours page.
 const SchemeHooks& PageSchemeHooks();
 

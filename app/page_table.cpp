@@ -23,7 +23,7 @@ constexpr ControlIdRange Block(int slot) { return {2000 + 200 * slot, 2199 + 200
 // Commands the shell itself answers: a page control with one of these ids
 // would press Done or Cancel.
 constexpr int kShellCommands[] = {IDOK, IDCANCEL, IDM_CANCEL, IDM_APPLY_FONT_SIZE, IDM_NO_COLOUR,
-                                  IDM_EXPORT, IDM_IMPORT};
+                                  IDM_EXPORT, IDM_IMPORT, IDM_UNDO_REWRITE};
 
 }  // namespace
 

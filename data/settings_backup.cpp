@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "base/text.h"
+#include "data/registry_snapshot.h"
 #include "data/settings_file.h"
 #include "data/value_lines.h"
 
@@ -81,10 +82,16 @@ class UnexportedValues final : public LoadedValueSink, public KeyAddenda {
   std::map<std::u16string, Key> byKey_;
 };
 
+std::u16string BackupPath(std::u16string_view documentsFolder) {
+  return FormatText(u"%s\\%s", {documentsFolder, kSettingsBackupName}, WideString::kMaxLength);
+}
+
 }  // namespace
 
-bool BackUpSettings(const SettingsEnvironment& environment, const CategoryData& data,
-                    std::u16string_view documentsFolder) {
+MessagePair BackUpSettings(const SettingsEnvironment& environment, const CategoryData& data,
+                           std::u16string_view documentsFolder) {
+  // Taken first: loading opens the record's keys with create semantics.
+  TreeSnapshot tree = TakeSnapshot(environment.registry, kProductKey);
   // The defaults follow what the registry holds now, not the pages' edits.
   auto stored = std::make_unique<SettingsStore>();
   LoadSettings(*stored, environment);
@@ -92,13 +99,42 @@ bool BackUpSettings(const SettingsEnvironment& environment, const CategoryData& 
   ListLoadedValues(*stored, environment, unexported);
 
   SettingsTextOutput out;
+  WriteSnapshot(tree, out);
   ExportWholeTree(environment.registry, kProductKey, unexported, out);
   unexported.WriteRest(out);
   WriteCategoriesSection(data.categories, out);
   WriteFiltersSection(data.filters, out);
-  return environment.files.WriteAll(
-      FormatText(u"%s\\%s", {documentsFolder, kSettingsBackupName}, WideString::kMaxLength), out.Bytes().data(),
-      out.Bytes().size());
+  switch (environment.files.Replace(BackupPath(documentsFolder), out.Bytes().data(), out.Bytes().size())) {
+    case WriteFailure::None:
+      return kNoMessage;
+    case WriteFailure::NoRoom:
+      return kBackupNoRoom;
+    case WriteFailure::LinkInTheWay:
+      return kBackupLinkInTheWay;
+    case WriteFailure::Other:
+      break;
+  }
+  return kBackupNotWritten;
+}
+
+MessagePair UndoRewrite(const SettingsEnvironment& environment, CategoryData& data,
+                        std::u16string_view documentsFolder, bool backUpFirst) {
+  std::u16string path = BackupPath(documentsFolder);
+  std::vector<std::uint8_t> backup;
+  TreeSnapshot snapshot;
+  if (!environment.files.ReadAll(path, backup)) return kBackupUnreadable;
+  SettingsTextInput in = SettingsTextInput::FromBytes(backup);
+  CategoryData probe;  // the lists are taken only once the tree is back
+  if (!ReadSnapshot(in, kProductKey, snapshot) || !ImportLists(in, probe)) return kBackupUnreadable;
+  if (backUpFirst)
+    if (MessagePair refused = BackUpSettings(environment, data, documentsFolder); refused != kNoMessage)
+      return refused;
+  if (!RestoreSnapshot(environment.registry, kProductKey, snapshot)) {
+    environment.files.Replace(path, backup.data(), backup.size());
+    return kUndoIncomplete;
+  }
+  ImportLists(in, data);
+  return kNoMessage;
 }
 
 }  // namespace tw

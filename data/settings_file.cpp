@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 #include <unordered_map>
 
 #include "base/text.h"
 #include "data/line_reader.h"
+#include "data/registry_snapshot.h"
 #include "data/value_lines.h"
 #include "settings/registry_values.h"
 
@@ -21,10 +23,8 @@ constexpr std::u16string_view kFilterName = u"FilterName", kIndex = u"Index",
 // Imported strings are written unless their data is this very text.
 constexpr std::u16string_view kNotTheSame = u"not_the_same";
 
-// The export's fixed enumeration buffers: a value whose data passes 256 bytes
-// ends its key's values. A whole export grows its buffers up to the
-// registry's longest name instead.
-constexpr std::uint32_t kNameChars = 256, kDataBytes = 256, kWholeNameChars = 16384;
+// The export's subkey name buffer.
+constexpr std::uint32_t kNameChars = 256;
 // The longest line the import reads back whole, its line feed aside.
 constexpr std::size_t kImportLineChars = SettingsTextInput::kLineBuffer - 2;
 constexpr std::size_t kStringLineQuotes = 5;    // "name"="data"
@@ -39,48 +39,6 @@ std::u16string_view StringData(const std::uint8_t* data, std::uint32_t size) {
   std::u16string_view text(reinterpret_cast<const char16_t*>(data), size / 2);
   return text.substr(0, text.find(u'\0'));
 }
-
-struct EnumeratedValue {
-  std::u16string_view name;
-  std::uint32_t type = 0;
-  std::span<const std::uint8_t> data;
-};
-
-// A key's values one by one, with buffers kept between them. With fixed
-// buffers the enumeration ends at the first failure; grown ones end it at
-// the last value only.
-class ValueEnumerator {
- public:
-  ValueEnumerator(Registry& registry, RegKey key, bool whole)
-      : registry_(registry), key_(key), whole_(whole), name_(whole ? kWholeNameChars : kNameChars),
-        data_(kDataBytes + 2) {}
-
-  bool Next(EnumeratedValue& value) {
-    for (;;) {
-      std::uint32_t nameChars = static_cast<std::uint32_t>(name_.size());
-      std::uint32_t size = static_cast<std::uint32_t>(data_.size() - 2);  // room for a missing terminator
-      long result = registry_.EnumValue(key_, index_, name_.data(), nameChars, value.type, data_.data(), size);
-      if (result == kRegMoreData && whole_ && size > data_.size() - 2) {
-        data_.resize(size + 2);
-        continue;
-      }
-      if (result != kRegSuccess) return false;
-      ++index_;
-      data_[size] = data_[size + 1] = 0;
-      value.name = std::u16string_view(name_.data(), nameChars);
-      value.data = std::span(data_.data(), size);
-      return true;
-    }
-  }
-
- private:
-  Registry& registry_;
-  RegKey key_;
-  bool whole_;
-  std::uint32_t index_ = 0;
-  std::vector<char16_t> name_;
-  std::vector<std::uint8_t> data_;
-};
 
 // Values written by the export: strings and DWORDs only. A whole export
 // leaves out a name that would not read back as itself and cuts a string to
@@ -213,6 +171,39 @@ bool ReadHeader(ImportReader& reader, std::u16string& sectionName) {
   return true;
 }
 
+// Without a registry, registry sections are read and passed over.
+int ImportFile(SettingsTextInput& in, Registry* registry, CategoryData& data) {
+  if (!in.Rewind()) return 0;
+  ImportReader reader(in);
+  if (!reader.Next()) return 1;
+  CategoryIndex categories(data.categories);
+  Section section = Section::None;
+  std::optional<ScopedKey> key;
+  if (registry != nullptr) key.emplace(*registry);
+  do {
+    if (reader.line == u"\n") {
+      if (key) key->Reset();
+      std::u16string sectionName;
+      if (!ReadHeader(reader, sectionName)) return 0;
+      if (sectionName == kCategoriesSection) {
+        section = Section::Categories;
+      } else if (sectionName == kFiltersSection) {
+        section = Section::Filters;
+      } else {
+        section = key ? Section::Registry : Section::None;
+        if (key && key->Open(kCurrentUser, sectionName, true) != kRegSuccess) return 0;
+      }
+    } else if (section == Section::Registry) {
+      ImportRegistryLine(reader, *registry, key->get());
+    } else if (section == Section::Categories) {
+      ImportCategory(reader, categories);
+    } else if (section == Section::Filters) {
+      ImportFilter(reader, data.filters);
+    }
+  } while (reader.Next());
+  return 1;
+}
+
 }  // namespace
 
 bool ReadsBackAsItself(std::u16string_view name) {
@@ -266,35 +257,10 @@ void ExportAll(Registry& registry, std::u16string_view path, const CategoryData&
 }
 
 int ImportSettings(SettingsTextInput& in, Registry& registry, CategoryData& data) {
-  if (!in.Rewind()) return 0;
-  ImportReader reader(in);
-  if (!reader.Next()) return 1;
-  CategoryIndex categories(data.categories);
-  Section section = Section::None;
-  ScopedKey key(registry);
-  do {
-    if (reader.line == u"\n") {
-      key.Reset();
-      std::u16string sectionName;
-      if (!ReadHeader(reader, sectionName)) return 0;
-      if (sectionName == kCategoriesSection) {
-        section = Section::Categories;
-      } else if (sectionName == kFiltersSection) {
-        section = Section::Filters;
-      } else {
-        section = Section::Registry;
-        if (key.Open(kCurrentUser, sectionName, true) != kRegSuccess) return 0;
-      }
-    } else if (section == Section::Registry) {
-      ImportRegistryLine(reader, registry, key.get());
-    } else if (section == Section::Categories) {
-      ImportCategory(reader, categories);
-    } else if (section == Section::Filters) {
-      ImportFilter(reader, data.filters);
-    }
-  } while (reader.Next());
-  return 1;
+  return ImportFile(in, &registry, data);
 }
+
+int ImportLists(SettingsTextInput& in, CategoryData& data) { return ImportFile(in, nullptr, data); }
 
 MessagePair ExportSettingsFile(Registry& registry, FileSystem& files, const CategoryData& data,
                                std::u16string_view documentsFolder) {

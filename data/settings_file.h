@@ -56,6 +56,10 @@ void ExportAll(Registry& registry, std::u16string_view path, const CategoryData&
 // for failure. Not transactional: what was written before a failing line stays.
 int ImportSettings(SettingsTextInput& in, Registry& registry, CategoryData& data);
 
+// The same over the "::Categories::" and "::Filters::" sections alone: the
+// file's registry sections are passed over.
+int ImportLists(SettingsTextInput& in, CategoryData& data);
+
 // The export and import commands over the file in the documents folder. On
 // import success the caller reloads the record, saves the category
 // attributes, rewrites the filter file, and closes the application.

@@ -1,5 +1,7 @@
 // The backup of whatever state an import can leave in the registry: it must
-// import again, and the registry it makes must load the same record.
+// import again, and the registry it makes must load the same record; its
+// exact tree must restore the very registry it came from. The input is tried
+// as a backup's exact tree too.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -7,6 +9,7 @@
 #include <string>
 #include <unistd.h>
 
+#include "data/registry_snapshot.h"
 #include "data/settings_backup.h"
 #include "data/settings_file.h"
 #include "platform/memory/folder_file_system.h"
@@ -59,16 +62,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   tw::CategoryData lists;
   tw::MakeDefaultFilters(lists.filters);
   tw::SettingsTextInput in = tw::SettingsTextInput::FromBytes({data, size});
+  tw::TreeSnapshot given;
+  if (tw::ReadSnapshot(in, tw::kProductKey, given)) tw::RestoreSnapshot(registry, tw::kProductKey, given);
   tw::ImportSettings(in, registry, lists);
   std::u16string before = LoadedValues(registry, locale, Files());
 
-  if (!tw::BackUpSettings({registry, locale, Files()}, lists, u"")) std::abort();
+  if (tw::BackUpSettings({registry, locale, Files()}, lists, u"") != tw::kNoMessage) std::abort();
   std::vector<std::uint8_t> backup;
   if (!Files().ReadAll(std::u16string(u"\\") + std::u16string(tw::kSettingsBackupName), backup)) std::abort();
   tw::MemoryRegistry restored;
   tw::SettingsTextInput again = tw::SettingsTextInput::FromBytes(backup);
   if (tw::ImportSettings(again, restored, lists) != 1) std::abort();
   if (LoadedValues(restored, locale, Files()) != before) std::abort();
-  if (registry.OpenHandles() != 0 || restored.OpenHandles() != 0) std::abort();
+
+  tw::MemoryRegistry exact;
+  tw::TreeSnapshot taken;
+  if (!tw::ReadSnapshot(again, tw::kProductKey, taken) || !tw::RestoreSnapshot(exact, tw::kProductKey, taken))
+    std::abort();
+  if (tw::TakeSnapshot(exact, tw::kProductKey) != tw::TakeSnapshot(registry, tw::kProductKey)) std::abort();
+  if (registry.OpenHandles() != 0 || restored.OpenHandles() != 0 || exact.OpenHandles() != 0) std::abort();
   return 0;
 }

@@ -22,6 +22,7 @@ class OneFileSystem : public tw::FileSystem {
   bool Copy(std::u16string_view, std::u16string_view, bool) override { return false; }
   bool Exists(std::u16string_view) override { return true; }
   std::vector<tw::DirectoryEntry> List(std::u16string_view, std::u16string_view) override { return {}; }
+  tw::WriteFailure Replace(std::u16string_view, const void*, std::size_t) override { return tw::WriteFailure::Other; }
 
  private:
   const std::uint8_t* data_;

@@ -663,7 +663,12 @@ bool RowListPage::OnCommand(HWND, UINT, WPARAM wParam, LPARAM) {
 void RowListPage::OnRowChanged(const NMLISTVIEW& change) {
   if (quiet_ || !(change.uChanged & LVIF_STATE)) return;
   bool was = change.uOldState & LVIS_SELECTED, is = change.uNewState & LVIS_SELECTED;
-  if (was && !is) Store(change.iItem + 1, CurrentTab());
+  // An editor left showing after a tap on blank list space would take edits
+  // that no row receives; the next row's Fill shows it again.
+  if (was && !is) {
+    Store(change.iItem + 1, CurrentTab());
+    HideEditors();
+  }
   if (!was && is) Fill(change.iItem + 1, CurrentTab());
 }
 

@@ -34,6 +34,9 @@ struct DirectoryEntry {
   bool IsDirectory() const { return (attributes & kAttributeDirectory) != 0; }
 };
 
+// Why a file could not be written whole.
+enum class WriteFailure { None, NoRoom, LinkInTheWay, Other };
+
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -49,6 +52,12 @@ class FileSystem {
   // without "." and "..", in the order the file system gives.
   virtual std::vector<DirectoryEntry> List(std::u16string_view folder,
                                            std::u16string_view pattern) = 0;
+
+  // Writes the file under a fresh name beside it, then moves that over path,
+  // so a failed write leaves the former file whole. A link or a folder at
+  // path is refused rather than written through or replaced, and so is a
+  // read-only file.
+  virtual WriteFailure Replace(std::u16string_view path, const void* data, std::size_t size) = 0;
 
   // The whole file, or false if it cannot be opened.
   bool ReadAll(std::u16string_view path, std::vector<std::uint8_t>& bytes);

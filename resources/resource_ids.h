@@ -18,6 +18,7 @@
 #define IDM_NO_COLOUR 40057
 #define IDM_EXPORT 40839
 #define IDM_IMPORT 40840
+#define IDM_UNDO_REWRITE 41200  // our own command, beyond the numbers the device uses
 /* Command 1 (IDOK) is Done: the title strip's OK button and the second menu-bar image. */
 
 /* Program bitmaps. Menu-bar buttons: image 0 Cancel, image 1 OK, on the

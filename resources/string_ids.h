@@ -39,6 +39,11 @@ inline constexpr MessagePair kSettingsExported{40208, 40209}, kCannotOpenSetting
 inline constexpr MessagePair kNoSchemeSelected{40485, 40486}, kAskDeleteScheme{40487, 40488},
     kSchemeNameEmpty{40489, 40490}, kSchemeExists{40491, 40492}, kSchemeSaved{40493, 40494},
     kAskLoadScheme{40495, 40496}, kSchemeCannotOpen{40497, 40498}, kSchemeLoadFailed{40499, 40500};
+// Undo and the backup before a rewrite: our own texts, numbered apart from the device's.
+inline constexpr MessagePair kAskUndoRewrite{41201, 41202}, kRewriteUndone{41203, 41204},
+    kBackupUnreadable{41205, 41206}, kUndoIncomplete{41207, 41208};
+inline constexpr MessagePair kBackupNoFolder{41209, 41213}, kBackupNoRoom{41210, 41213},
+    kBackupLinkInTheWay{41211, 41213}, kBackupNotWritten{41212, 41213};
 inline constexpr MessagePair kAskHidePlugin{40736, 40737}, kTabExists{40749, 40750};
 
 inline constexpr unsigned kLanguageTexts[] = {
@@ -168,6 +173,10 @@ inline constexpr unsigned kLanguageTexts[] = {
 
     // File and folder chooser; the font chooser's title.
     40986, 40987, 40988, 40989, 40990, 40991, 40992, 40993,
+
+    // Undo of the last import or scheme; the backup written before either.
+    41201, 41202, 41203, 41204, 41205, 41206, 41207, 41208, 41209, 41210, 41211,
+    41212, 41213,
 };
 
 // Texts of the three dialogs that pages open.

@@ -1,5 +1,6 @@
 #include "platform/memory/folder_file_system.h"
 
+#include <cerrno>
 #include <cstdio>
 
 #include "base/text.h"
@@ -41,13 +42,16 @@ std::FILE* OpenHost(const std::filesystem::path& path, bool write) {
 // The attributes Wine gives a host entry, so that both builds list alike: a
 // folder is "directory" and a file "archive"; a name with a leading dot is
 // hidden, and an entry that nobody may write to is read-only.
-std::uint32_t HostAttributes(const std::filesystem::directory_entry& item, std::u16string_view name) {
+bool NobodyMayWrite(const std::filesystem::file_status& status) {
   using std::filesystem::perms;
+  return (status.permissions() & (perms::owner_write | perms::group_write | perms::others_write)) == perms::none;
+}
+
+std::uint32_t HostAttributes(const std::filesystem::directory_entry& item, std::u16string_view name) {
   std::error_code error;
   std::filesystem::file_status status = item.status(error);
   std::uint32_t attributes = std::filesystem::is_directory(status) ? kAttributeDirectory : kAttributeArchive;
-  if ((status.permissions() & (perms::owner_write | perms::group_write | perms::others_write)) == perms::none)
-    attributes |= kAttributeReadOnly;
+  if (NobodyMayWrite(status)) attributes |= kAttributeReadOnly;
   if (name.starts_with(u'.')) attributes |= kAttributeHidden;
   return attributes;
 }
@@ -117,6 +121,28 @@ std::vector<DirectoryEntry> FolderFileSystem::List(std::u16string_view folder,
     if (MatchesPattern(name, pattern)) entries.push_back({name, HostAttributes(item, name)});
   }
   return entries;
+}
+
+WriteFailure FolderFileSystem::Replace(std::u16string_view path, const void* data, std::size_t size) {
+  std::filesystem::path host = HostPath(path), fresh = host;
+  fresh += ".new";
+  std::error_code error;
+  std::filesystem::file_status status = std::filesystem::symlink_status(host, error);
+  if (std::filesystem::is_symlink(status) || std::filesystem::is_directory(status)) return WriteFailure::LinkInTheWay;
+  if (std::filesystem::exists(status) && NobodyMayWrite(status)) return WriteFailure::Other;
+  std::filesystem::remove(fresh, error);  // a link there goes, never what it points to
+  std::FILE* file = OpenHost(fresh, true);
+  if (file == nullptr) return WriteFailure::Other;
+  bool whole = std::fwrite(data, 1, size, file) == size && std::fflush(file) == 0;
+  int written = whole ? 0 : errno;
+  if (std::fclose(file) != 0 && whole) {
+    whole = false;
+    written = errno;
+  }
+  if (whole) std::filesystem::rename(fresh, host, error);
+  if (whole && !error) return WriteFailure::None;
+  std::filesystem::remove(fresh, error);
+  return written == ENOSPC ? WriteFailure::NoRoom : WriteFailure::Other;
 }
 
 }  // namespace tw

@@ -18,6 +18,7 @@ class FolderFileSystem : public FileSystem {
   bool Copy(std::u16string_view from, std::u16string_view to, bool failIfExists) override;
   bool Exists(std::u16string_view path) override;
   std::vector<DirectoryEntry> List(std::u16string_view folder, std::u16string_view pattern) override;
+  WriteFailure Replace(std::u16string_view path, const void* data, std::size_t size) override;
 
   std::filesystem::path HostPath(std::u16string_view devicePath) const;
   const std::filesystem::path& Root() const { return root_; }

@@ -100,4 +100,43 @@ std::vector<DirectoryEntry> Win32FileSystem::List(std::u16string_view folder, st
   return entries;
 }
 
+namespace {
+
+WriteFailure FailureOf(DWORD error) {
+  return error == ERROR_DISK_FULL || error == ERROR_HANDLE_DISK_FULL ? WriteFailure::NoRoom : WriteFailure::Other;
+}
+
+// CREATE_NEW will not open through a link left at the fresh name.
+WriteFailure WriteFresh(const std::wstring& name, const void* data, std::size_t size) {
+  DeleteFileW(name.c_str());
+  HANDLE file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return FailureOf(GetLastError());
+  DWORD written = 0;
+  bool whole = size == 0 || (WriteFile(file, data, static_cast<DWORD>(size), &written, nullptr) && written == size);
+  DWORD error = whole ? ERROR_SUCCESS : GetLastError();
+  if (!CloseHandle(file) && whole) {
+    whole = false;
+    error = GetLastError();
+  }
+  if (whole) return WriteFailure::None;
+  DeleteFileW(name.c_str());
+  return FailureOf(error);
+}
+
+}  // namespace
+
+WriteFailure Win32FileSystem::Replace(std::u16string_view path, const void* data, std::size_t size) {
+  std::wstring name = ToWide(path), fresh = name + L".new";
+  DWORD attributes = GetFileAttributesW(name.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT)))
+    return WriteFailure::LinkInTheWay;
+  // Windows will not move a file over a read-only one; Wine would.
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY)) return WriteFailure::Other;
+  if (WriteFailure failure = WriteFresh(fresh, data, size); failure != WriteFailure::None) return failure;
+  if (MoveFileExW(fresh.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) return WriteFailure::None;
+  DWORD error = GetLastError();
+  DeleteFileW(fresh.c_str());
+  return FailureOf(error);
+}
+
 }  // namespace tw

@@ -15,6 +15,7 @@ class Win32FileSystem : public FileSystem {
   bool Copy(std::u16string_view from, std::u16string_view to, bool failIfExists) override;
   bool Exists(std::u16string_view path) override;
   std::vector<DirectoryEntry> List(std::u16string_view folder, std::u16string_view pattern) override;
+  WriteFailure Replace(std::u16string_view path, const void* data, std::size_t size) override;
 };
 
 }  // namespace tw

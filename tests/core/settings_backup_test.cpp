@@ -1,7 +1,11 @@
 // The backup written before an import or a scheme rewrites the registry.
 #include "data/settings_backup.h"
 
+#include <filesystem>
+
+#include "data/registry_snapshot.h"
 #include "data/settings_file.h"
+#include "platform/memory/folder_file_system.h"
 #include "tests/support/record_text.h"
 #include "tests/support/settings_fixture.h"
 
@@ -11,10 +15,22 @@ namespace {
 const std::u16string_view kMain = kMainKey.path, kCalendar = kCalendarKey.path;
 const std::u16string kTab = std::u16string(kTabSettingsKey.path) + u"\\Other";
 
+// Keys and values one a line, for comparing trees with a readable failure.
+std::string Describe(const TreeSnapshot& tree) {
+  std::string text;
+  for (const SnapshotKey& key : tree) {
+    text += Show(key.path) + "\n";
+    for (const SnapshotValue& value : key.values)
+      text += "  " + Show(value.name) + " " + std::to_string(value.type) + ":" +
+              std::string(value.data.begin(), value.data.end()) + "\n";
+  }
+  return text;
+}
+
 class SettingsBackupTest : public SettingsTest {
  protected:
   std::vector<std::uint8_t> BackUp() {
-    EXPECT_TRUE(BackUpSettings(Environment(registry()), data, Folder()));
+    EXPECT_EQ(BackUpSettings(Environment(registry()), data, Folder()), kNoMessage);
     std::vector<std::uint8_t> bytes;
     files().ReadAll(Folder() + u"\\" + std::u16string(kSettingsBackupName), bytes);
     return bytes;
@@ -85,6 +101,82 @@ TEST_F(SettingsBackupTest, ValuesTheFileCannotCarryAreCutNotFatal) {
   EXPECT_EQ(Stored(kMain, u"FontFaceToUse").text, u"first");
   EXPECT_GT(Stored(kCalendar, u"MailCustomInboxStr").text.size(), 259u) << "still too long to load";
   EXPECT_EQ(Stored(kCalendar, u"dNumOfDays").dword, 3u);
+}
+
+// Undo puts back what no import line can carry and removes what the import
+// added; its own backup makes a second Undo take the first back.
+TEST_F(SettingsBackupTest, UndoRestoresTheTreeExactlyAndUndoesItself) {
+  const std::uint8_t bytes[] = {1, 0, 2};
+  WriteRaw(registry(), kCurrentUser, kMain, u"Blob", kRegBinary, bytes, sizeof bytes);
+  PutText(kCalendar, u"Long", std::u16string(900, u'x'));
+  PutText(kCalendar, u"Odd \"name\"\n", u"a \"quoted\" value");
+  Put(std::u16string(kMain) + u"\\Unknown\\Deeper", u"Kept", 9);
+  Put(kCalendar, u"dNumOfDays", 3);
+  CategoryEntry& work = data.categories.entries.emplace_back();
+  work.name.Assign(u"Work");
+  work.color = 0x123456;
+  const std::string before = Describe(TakeSnapshot(registry(), kProductKey));
+  BackUp();
+
+  Put(kTab, u"Order", 4);  // a hosted tab the import brought
+  Put(kCalendar, u"dNumOfDays", 5);
+  registry().DeleteTree(kCurrentUser, std::u16string(kMain) + u"\\Unknown");
+  work.color = 7;
+  const std::string imported = Describe(TakeSnapshot(registry(), kProductKey));
+  Put(u"Software\\Orvex\\Elsewhere", u"Left", 1);
+
+  ASSERT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kNoMessage);
+  EXPECT_EQ(Describe(TakeSnapshot(registry(), kProductKey)), before);
+  EXPECT_EQ(data.categories.entries[0].color, 0x123456u);
+  EXPECT_TRUE(Stored(u"Software\\Orvex\\Elsewhere", u"Left").present) << "only the product's tree is replaced";
+
+  ASSERT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kNoMessage);
+  EXPECT_EQ(Describe(TakeSnapshot(registry(), kProductKey)), imported);
+  EXPECT_EQ(data.categories.entries[0].color, 7u);
+  registry().DeleteTree(kCurrentUser, u"Software\\Orvex\\Elsewhere");
+}
+
+// A backup Undo cannot trust changes nothing: none at all, one cut short, one
+// whose tree reaches outside the product's key.
+TEST_F(SettingsBackupTest, UndoRefusesABackupItCannotTrust) {
+  Put(kCalendar, u"dNumOfDays", 3);
+  const std::u16string path = Folder() + u"\\" + std::u16string(kSettingsBackupName);
+  EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
+
+  std::vector<std::uint8_t> whole = BackUp();
+  std::string text(whole.begin(), whole.end());
+  std::size_t cut = text.find(";E ");
+  ASSERT_NE(cut, std::string::npos);
+  ASSERT_TRUE(files().WriteAll(path, whole.data(), cut));
+  Put(kCalendar, u"dNumOfDays", 4);
+  EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
+
+  SettingsTextOutput out;
+  WriteSnapshot({{u"Software\\Orvex\\TidewellOther", {}}}, out);
+  ASSERT_TRUE(files().WriteAll(path, out.Bytes().data(), out.Bytes().size()));
+  EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
+  EXPECT_FALSE(KeyExists(registry(), kCurrentUser, u"Software\\Orvex\\TidewellOther"));
+  EXPECT_EQ(Stored(kCalendar, u"dNumOfDays").dword, 4u);
+}
+
+// The backup is never written through what stands at its name, and a
+// refused backup leaves the former one as it was.
+TEST_F(SettingsBackupTest, ABackupThatCannotBeWrittenSaysWhy) {
+  const std::u16string path = Folder() + u"\\" + std::u16string(kSettingsBackupName);
+  ASSERT_TRUE(files().MakeDirectory(path));
+  EXPECT_EQ(BackUpSettings(Environment(registry()), data, Folder()), kBackupLinkInTheWay);
+#ifndef _WIN32
+  auto& host = static_cast<FolderFileSystem&>(files());
+  std::filesystem::remove(host.HostPath(path));
+  std::filesystem::path target = host.HostPath(Folder() + u"\\elsewhere");
+  ASSERT_TRUE(files().WriteAll(Folder() + u"\\elsewhere", "kept", 4));
+  std::filesystem::create_symlink(target, host.HostPath(path));
+  EXPECT_EQ(BackUpSettings(Environment(registry()), data, Folder()), kBackupLinkInTheWay);
+  std::vector<std::uint8_t> kept;
+  ASSERT_TRUE(files().ReadAll(Folder() + u"\\elsewhere", kept));
+  EXPECT_EQ(std::string(kept.begin(), kept.end()), "kept");
+#endif
+  EXPECT_EQ(BackUpSettings(Environment(registry()), data, Folder() + u"\\missing"), kBackupNotWritten);
 }
 
 }  // namespace

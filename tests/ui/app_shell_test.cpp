@@ -148,10 +148,10 @@ TEST_F(ShellTest, FontSizeCommandOnlyOnTheFontsPage) {
   SelectPage(kFontsPage);
   EXPECT_TRUE(FontSizeItemOffered());
   EXPECT_TRUE(FontSizeItemOffered());
-  EXPECT_EQ(GetMenuItemCount(ToolsMenu()), 3) << "opening the menu twice keeps one item";
+  EXPECT_EQ(GetMenuItemCount(ToolsMenu()), 4) << "opening the menu twice keeps one item";
   SelectPage(kAboutPage);
   EXPECT_FALSE(FontSizeItemOffered());
-  EXPECT_EQ(GetMenuItemCount(ToolsMenu()), 2) << "export and import stay";
+  EXPECT_EQ(GetMenuItemCount(ToolsMenu()), 3) << "export, import and undo stay";
 }
 
 // Cancel asks and, on Yes, saves nothing: not even that the notice was seen.

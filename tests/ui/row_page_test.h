@@ -133,7 +133,10 @@ class RowPageTest : public AppTest {
         default:
           break;
       }
-      if (!form) Deselect();
+      if (!form) {
+        Deselect();
+        EXPECT_FALSE(IsWindowVisible(control)) << "an editor without a row loses its edit";
+      }
     });
     Command(IDOK);
     each([&](int, bool, int, const Row& row, const std::u16string& mark) {

@@ -1,11 +1,15 @@
 // The copy of the settings written before an import rewrites the registry:
-// it survives failing imports and brings the former values back.
+// it survives failing imports and brings the former values back, and Undo
+// puts back the very tree it was taken from, as `reg export` sees it.
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
+#include "app/main_window.h"
 #include "app/shell.h"
+#include "data/schemes.h"
 #include "platform/win32/device.h"
+#include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 #include "settings/schema.h"
 #include "tests/support/record_text.h"
@@ -16,6 +20,30 @@ namespace {
 
 constexpr char16_t kBackup[] = u"\\My Documents\\TW_Settings.bak";
 
+constexpr wchar_t kDocuments[] = L"C:\\My Documents", kDocumentsAside[] = L"C:\\My Documents aside";
+
+// The product's tree as `reg export` writes it, from a process of its own.
+std::string RegExport() {
+  wchar_t temp[MAX_PATH];
+  GetTempPathW(MAX_PATH, temp);
+  std::wstring file = std::wstring(temp) + L"tw-undo-test.reg";
+  std::wstring line = L"reg.exe export \"HKCU\\Software\\Orvex\\Tidewell\" \"" + file + L"\" /y";
+  STARTUPINFOW startup = {};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process = {};
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr, &startup,
+                      &process))
+    return "reg.exe did not start";
+  WaitForSingleObject(process.hProcess, 30000);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  std::vector<std::uint8_t> bytes;
+  Win32FileSystem files;
+  files.ReadAll(ToU16(file), bytes);
+  DeleteFileW(file.c_str());
+  return std::string(bytes.begin(), bytes.end());
+}
+
 class ShellBackupTest : public AppTest {
  protected:
   void SetUp() override {
@@ -23,9 +51,36 @@ class ShellBackupTest : public AppTest {
     device::DocumentsFolder();  // made on first use, as on the device
   }
   void TearDown() override {
+    if (GetFileAttributesW(kDocumentsAside) != INVALID_FILE_ATTRIBUTES) {
+      DeleteFileW(kDocuments);
+      MoveFileW(kDocumentsAside, kDocuments);
+    }
+    SetFileAttributesW(L"C:\\My Documents\\TW_Settings.bak", FILE_ATTRIBUTE_NORMAL);
     files().Delete(kBackup);
     AppTest::TearDown();
   }
+  // Four keys' values and a binary value the export cannot carry.
+  void WriteSomeSettings() {
+    WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 2);
+    WriteDword(registry(), kCurrentUser, kCalendarKey.path, u"dNumOfDays", 3);
+    WriteDword(registry(), kCurrentUser, kColorsKey.path, u"GeneralFontColor", 255);
+    WriteDword(registry(), kCurrentUser, kFontsKey.path, u"FontGenerallfHeight", 20);
+    const std::uint8_t blob[] = {7, 0, 7};
+    WriteRaw(registry(), kCurrentUser, kProductKey, u"Blob", kRegBinary, blob, sizeof blob);
+  }
+  bool UndoOffered() {
+    SendMessageW(Window(), WM_INITMENUPOPUP, 0, 0);
+    auto menu = reinterpret_cast<HMENU>(SendMessageW(Shell().menuBar, device::kMenuBarGetMenu, 0, 0));
+    UINT state = GetMenuState(GetSubMenu(menu, 0), IDM_UNDO_REWRITE, MF_BYCOMMAND);
+    return state != UINT(-1) && !(state & MF_GRAYED);
+  }
+  void Undo() {
+    ASSERT_NE(Start(kAboutPage), nullptr);
+    ASSERT_TRUE(UndoOffered());
+    Command(IDM_UNDO_REWRITE);
+    ASSERT_EQ(Window(), nullptr) << "Undo ends the program like an import";
+  }
+  std::wstring LastText() { return answerer_.boxes.empty() ? L"" : answerer_.boxes.back().text; }
   void WriteDocument(const std::string& text) { ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size())); }
   std::vector<std::uint8_t> Backup() {
     std::vector<std::uint8_t> bytes;
@@ -75,6 +130,72 @@ TEST_F(ShellBackupTest, EachImportBacksUpTheSettingsItReplaces) {
   std::vector<std::uint8_t> second = Backup();
   text.assign(second.begin(), second.end());
   EXPECT_NE(text.find("\"OnClick\"=dword:1"), std::string::npos) << "a new run backs up afresh";
+}
+
+TEST_F(ShellBackupTest, UndoPutsBackTheTreeAnImportReplacedAndUndoesItself) {
+  WriteSomeSettings();
+  ASSERT_NE(Start(kAboutPage), nullptr);
+  EXPECT_FALSE(UndoOffered()) << "no backup yet";
+  const std::string before = RegExport();
+  WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n"
+                "\r\n[Software\\Orvex\\Tidewell\\Calendar]\r\n\"dNumOfDays\"=dword:7\r\n"
+                "\r\n[Software\\Orvex\\Tidewell\\Colors]\r\n\"GeneralFontColor\"=dword:9\r\n"
+                "\r\n[Software\\Orvex\\Tidewell\\Fonts]\r\n\"FontGenerallfHeight\"=dword:30\r\n"
+                "\r\n[Software\\Orvex\\Tidewell\\TabSettings\\Harbour Weather]\r\n\"Order\"=dword:4\r\n");
+  Command(IDM_IMPORT);
+  ASSERT_EQ(Window(), nullptr);
+  const std::string imported = RegExport();
+  ASSERT_NE(imported, before);
+
+  Undo();
+  EXPECT_EQ(answerer_.boxes.end()[-2].text, EnglishText(kAskUndoRewrite.text)) << "asked first";
+  EXPECT_EQ(LastText(), EnglishText(kRewriteUndone.text));
+  EXPECT_EQ(RegExport(), before);
+  EXPECT_EQ(Settings().dNumOfDays, 3) << "the record was read back";
+  Undo();
+  EXPECT_EQ(RegExport(), imported) << "the second Undo takes back the first";
+}
+
+TEST_F(ShellBackupTest, UndoPutsBackTheTreeASchemeReplaced) {
+  WriteSomeSettings();
+  WriteDword(registry(), kCurrentUser, kColorsKey.path, u"HighlightBgClr", 9);
+  ASSERT_NE(Start(kAboutPage), nullptr);
+  const std::string before = RegExport();
+  std::u16string folder = std::u16string(Settings().InstallFolder.View()) + u"\\Schemes";
+  files().MakeDirectory(folder);
+  std::string scheme = "\r\n[Software\\Orvex\\Tidewell\\Colors]\r\n\"GeneralFontColor\"=dword:7\r\n"
+                       "\r\n[Software\\Orvex\\Tidewell\\Fonts]\r\n\"FontGenerallfItalic\"=dword:1\r\n";
+  ASSERT_TRUE(files().WriteAll(folder + u"\\Undo test.scm", scheme.data(), scheme.size()));
+  PageSchemeHooks().apply(Window(), u"Undo test.scm");
+  DeleteScheme(files(), Settings().InstallFolder.View(), u"Undo test.scm");
+  ASSERT_EQ(Window(), nullptr);
+  ASSERT_NE(RegExport(), before);
+  Undo();
+  EXPECT_EQ(RegExport(), before);
+}
+
+// Without a backup the rewrite does not start: the registry and the former
+// backup stay as they were, and the message says why.
+TEST_F(ShellBackupTest, ARewriteThatCannotBackUpDoesNotStart) {
+  WriteSomeSettings();
+  WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n");
+  ASSERT_NE(Start(kAboutPage), nullptr);
+  const std::string before = RegExport();
+  ASSERT_TRUE(files().WriteAll(kBackup, "former", 6));
+  ASSERT_TRUE(SetFileAttributesW(L"C:\\My Documents\\TW_Settings.bak", FILE_ATTRIBUTE_READONLY));
+  Command(IDM_IMPORT);
+  ASSERT_NE(Window(), nullptr);
+  EXPECT_EQ(LastText(), EnglishText(kBackupNotWritten.text));
+  EXPECT_EQ(RegExport(), before);
+  EXPECT_EQ(Backup(), std::vector<std::uint8_t>({'f', 'o', 'r', 'm', 'e', 'r'}));
+
+  // The documents folder replaced by a file: a scheme has nowhere to back up to.
+  ASSERT_TRUE(MoveFileW(kDocuments, kDocumentsAside));
+  ASSERT_TRUE(files().WriteAll(u"\\My Documents", "file", 4));
+  PageSchemeHooks().apply(Window(), u"Any.scm");
+  ASSERT_NE(Window(), nullptr);
+  EXPECT_EQ(LastText(), EnglishText(kBackupNoFolder.text));
+  EXPECT_EQ(RegExport(), before);
 }
 
 }  // namespace
