@@ -2,6 +2,8 @@
 
 #include "pages/about_page.h"
 #include "pages/calendar_page.h"
+#include "pages/category_list_view.h"
+#include "pages/filter_panel.h"
 #include "pages/colours_page.h"
 #include "pages/fonts_page.h"
 #include "pages/general_page.h"
@@ -34,8 +36,8 @@ constexpr PageRow kPages[kPageCount] = {
     {kPageNameTexts[7], MakeColoursPage, 7, false, kColoursPageIds},  // Colours
     {kPageNameTexts[8], nullptr, 6, false, Block(8)},          // PIM source
     {kPageNameTexts[9], nullptr, 9, false, Block(9)},          // Tabs
-    {kPageNameTexts[10], nullptr, -1, true, Block(10)},        // category list
-    {kPageNameTexts[11], nullptr, -1, true, Block(11)},        // filter panel
+    {kPageNameTexts[10], nullptr, -1, true, kCategoryListIds},  // category list
+    {kPageNameTexts[11], nullptr, -1, true, kFilterPanelIds},   // filter panel
     {kPageNameTexts[12], MakeAboutPage, 10, false, kAboutPageIds},  // About
 };
 

@@ -166,6 +166,10 @@ inline constexpr unsigned kLanguageTexts[] = {
 
     // File and folder chooser; the font chooser's title.
     40986, 40987, 40988, 40989, 40990, 40991, 40992, 40993,
+
+    // Category list, icon chooser buttons and the category filter panel.
+    40994, 40995, 40996, 40997, 40998, 40999, 41000, 41001, 41002, 41003, 41004,
+    41005, 41006, 41007, 41008, 41009,
 };
 
 // Texts of the three dialogs that pages open.
@@ -195,6 +199,9 @@ inline constexpr unsigned kTextPathTooLong = 40990;
 inline constexpr unsigned kTextPathTooLongCaption = 40991;
 inline constexpr unsigned kTextNoFileChosen = 40992;
 inline constexpr unsigned kTextFontChooserTitle = 40993;
+inline constexpr unsigned kTextIconChooserLines[] = {40815, 40816, 40817};
+inline constexpr unsigned kTextChooseIcon = 40997;
+inline constexpr unsigned kTextNoIcon = 40998;
 
 inline constexpr std::size_t kLanguageTextCount = std::size(kLanguageTexts);
 
