@@ -8,6 +8,7 @@
 #include "controls/dialog_frame.h"
 #include "controls/scroller.h"
 #include "data/icon_sets.h"
+#include "data/win32/skin_image.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 #include "resources/string_ids.h"
@@ -207,20 +208,15 @@ void DrawBitmapInCell(HDC dc, HBITMAP bitmap, const RECT& cell) {
   if (bitmap == nullptr || GetObjectW(bitmap, sizeof info, &info) == 0 || info.bmWidth <= 0) return;
   int cellWidth = cell.right - cell.left, cellHeight = cell.bottom - cell.top;
   int height = std::abs(info.bmHeight);
-  // Shrunk to the cell keeping its shape; small icons keep their size.
-  int width = info.bmWidth, shown = height;
+  // At the screen's scale, shrunk to the cell if larger, keeping its shape.
+  int width = ScaleX(info.bmWidth), shown = ScaleY(height);
   if (width > cellWidth || shown > cellHeight) {
     double scale = std::min(double(cellWidth) / width, double(cellHeight) / shown);
     width = std::max(1, int(width * scale));
     shown = std::max(1, int(shown * scale));
   }
-  HDC source = CreateCompatibleDC(dc);
-  HGDIOBJ old = SelectObject(source, bitmap);
-  SetStretchBltMode(dc, COLORONCOLOR);
-  StretchBlt(dc, cell.left + (cellWidth - width) / 2, cell.top + (cellHeight - shown) / 2, width, shown, source, 0,
-             0, info.bmWidth, height, SRCCOPY);
-  SelectObject(source, old);
-  DeleteDC(source);
+  TransparentImage(dc, cell.left + (cellWidth - width) / 2, cell.top + (cellHeight - shown) / 2, width, shown, bitmap,
+                   0, 0, info.bmWidth, height, kIconTransparent);
 }
 
 void RunIconChooser(HWND owner, const IconChooserSetup& setup, CategoryEntry& category) {

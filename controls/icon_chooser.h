@@ -29,7 +29,8 @@ struct IconChooserSetup {
 // Runs the chooser modally over `owner` for `category`.
 void RunIconChooser(HWND owner, const IconChooserSetup& setup, CategoryEntry& category);
 
-// A bitmap centred in `cell`, shrunk to fit if larger; nothing for null.
+// An icon centred in `cell` at the screen's scale, shrunk to fit if larger,
+// its pure green left out; nothing for null.
 void DrawBitmapInCell(HDC dc, HBITMAP bitmap, const RECT& cell);
 
 }  // namespace tw

@@ -28,32 +28,80 @@ RECT IconCell(int right, int top) {
   return {cellRight - ScaleX(kIconCell), cellTop, cellRight, cellTop + ScaleY(kIconCell)};
 }
 
-void PaintCategorySwatch(HDC dc, const RECT& row, std::uint32_t colour) {
-  int side = ScaleY(kSwatchSide), top = row.top + (row.bottom - row.top - side) / 2;
-  RECT frame = {ScaleX(6), top, ScaleX(6) + side, top + side};
-  PaintSwatch(dc, frame, colour, u"");
-  if (colour != kNoColour) return;
-  // No colour of its own: a struck-out box, as a choice still to make.
-  HPEN pen = CreatePen(PS_SOLID, 1, kNoColourMark);
-  HGDIOBJ old = SelectObject(dc, pen);
-  MoveToEx(dc, frame.left + 1, frame.bottom - 2, nullptr);
-  LineTo(dc, frame.right - 1, frame.top);
-  SelectObject(dc, old);
-  DeleteObject(pen);
-}
-
-// A category without a bitmap shows where to tap for one.
-void PaintEmptyCell(HDC dc, const RECT& cell) {
-  HPEN pen = CreatePen(PS_DOT, 1, kNoColourMark);
-  HGDIOBJ oldPen = SelectObject(dc, pen);
-  HGDIOBJ oldBrush = SelectObject(dc, GetStockObject(NULL_BRUSH));
-  Rectangle(dc, cell.left, cell.top, cell.right, cell.bottom);
-  SelectObject(dc, oldBrush);
-  SelectObject(dc, oldPen);
-  DeleteObject(pen);
-}
-
 }  // namespace
+
+CategoryRowPainter::CategoryRowPainter(HWND list, CategoryList& categories, HFONT font)
+    : list_(list),
+      categories_(categories),
+      font_(font),
+      markPen_(CreatePen(PS_SOLID, 1, kNoColourMark)),
+      lineBrush_(CreateSolidBrush(kRowLine)) {}
+
+CategoryRowPainter::~CategoryRowPainter() {
+  DeleteObject(markPen_);
+  DeleteObject(lineBrush_);
+}
+
+// Every row in view records where it is, also those a scroll step moved
+// without drawing them again, so that a tap finds the row it lands on; the
+// rows that left the view are moved nowhere.
+void CategoryRowPainter::RecordRows(int position, int height) {
+  std::vector<CategoryEntry>& entries = categories_.entries;
+  int rowHeight = ScaleY(kRowHeight);
+  for (std::size_t row = recordedFirst_; row < std::min(recordedLast_, entries.size()); ++row)
+    entries[row].rowTop = 1, entries[row].rowBottom = 0;
+  recordedFirst_ = std::min(entries.size(), std::size_t(std::max(0, position / rowHeight)));
+  recordedLast_ = std::min(entries.size(), std::size_t(std::max(0, (position + height) / rowHeight + 1)));
+  for (std::size_t row = recordedFirst_; row < recordedLast_; ++row) {
+    entries[row].rowTop = int(row) * rowHeight - position;
+    entries[row].rowBottom = entries[row].rowTop + rowHeight - 1;
+  }
+}
+
+void CategoryRowPainter::PaintRow(HDC dc, const CategoryEntry& entry, const RECT& area) {
+  int side = ScaleY(kSwatchSide), top = area.top + (area.bottom - area.top - side) / 2;
+  RECT swatch = {ScaleX(6), top, ScaleX(6) + side, top + side};
+  PaintSwatch(dc, swatch, entry.color, u"");
+  if (entry.color == kNoColour) {
+    // No colour of its own: a struck-out box, as a choice still to make.
+    SelectObject(dc, markPen_);
+    MoveToEx(dc, swatch.left + 1, swatch.bottom - 2, nullptr);
+    LineTo(dc, swatch.right - 1, swatch.top);
+  }
+  RECT cell = IconCell(area.right, area.top);
+  RECT name = {ScaleX(kNameLeft), area.top, cell.left - ScaleX(kMargin), area.bottom};
+  DrawTextW(dc, AsWide(entry.name.Text()), entry.name.Length(), &name,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  if (entry.bitmap) {
+    DrawBitmapInCell(dc, static_cast<HBITMAP>(entry.bitmap.get()), cell);
+  } else {
+    FrameRect(dc, &cell, lineBrush_);  // where to tap for a bitmap
+  }
+  RECT separator = {area.left, area.bottom - 1, area.right, area.bottom};
+  FillRect(dc, &separator, lineBrush_);
+}
+
+LRESULT CategoryRowPainter::Paint(HDC dc) {
+  RECT client, clip;
+  GetClientRect(list_, &client);
+  if (GetClipBox(dc, &clip) == ERROR) clip = client;
+  int position = ScrollerPosition(list_), rowHeight = ScaleY(kRowHeight);
+  const std::vector<CategoryEntry>& entries = categories_.entries;
+  RecordRows(position, client.bottom);
+  FillRect(dc, &clip, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+  SetBkMode(dc, TRANSPARENT);
+  SetTextColor(dc, RGB(0, 0, 0));
+  HGDIOBJ oldFont = SelectObject(dc, font_);
+  HGDIOBJ oldPen = SelectObject(dc, markPen_);
+  for (int row = std::max(0, (position + int(clip.top)) / rowHeight); row < int(entries.size()); ++row) {
+    int top = row * rowHeight - position;
+    if (top >= clip.bottom) break;
+    PaintRow(dc, entries[row], {0, top, client.right, top + rowHeight});
+  }
+  SelectObject(dc, oldPen);
+  SelectObject(dc, oldFont);
+  return static_cast<LRESULT>(entries.size()) * rowHeight;
+}
 
 CategoryListView::CategoryListView(const PageContext& context, CategoryData& data, const CategoryPlatform& platform,
                                    HMODULE pictures)
@@ -75,6 +123,7 @@ CategoryListView::CategoryListView(const PageContext& context, CategoryData& dat
   if (controls_[kList] != nullptr) {
     ShowWindow(controls_[kList], SW_HIDE);
     SetWindowLongPtrW(controls_[kList], GWLP_ID, IdOf(kList));
+    rows_ = std::make_unique<CategoryRowPainter>(controls_[kList], data_.categories, context.normalFont);
   }
   Place();
 }
@@ -107,8 +156,8 @@ void CategoryListView::SetIconFolder(std::u16string_view folder) {
 }
 
 LRESULT CategoryListView::OnListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (controls_[kList] == nullptr) return 0;
-  if (message == kScrollerDrawContent) return DrawRows(reinterpret_cast<HDC>(wParam));
+  if (rows_ == nullptr) return 0;
+  if (message == kScrollerDrawContent) return rows_->Paint(reinterpret_cast<HDC>(wParam));
   if (message == kScrollerPressed) OnPressed(lParam);
   return 0;
 }
@@ -120,52 +169,6 @@ void CategoryListView::Paint(HDC) {
 
 HBRUSH CategoryListView::ControlColour(HDC dc, HWND control) {
   return control == controls_[kIconFolder] ? nullptr : CategoryPageColours(dc);
-}
-
-// Every row in view records where it is, also those a scroll step moved
-// without drawing them again, so that a tap finds the row it lands on.
-void CategoryListView::RecordRows(int position, int height) {
-  int rowHeight = ScaleY(kRowHeight);
-  for (CategoryEntry& entry : data_.categories.entries) entry.rowTop = 1, entry.rowBottom = 0;  // nowhere
-  auto& entries = data_.categories.entries;
-  int first = std::max(0, position / rowHeight), last = std::min<int>(int(entries.size()), (position + height) / rowHeight + 1);
-  for (int row = first; row < last; ++row) {
-    entries[row].rowTop = row * rowHeight - position;
-    entries[row].rowBottom = entries[row].rowTop + rowHeight - 1;
-  }
-}
-
-LRESULT CategoryListView::DrawRows(HDC dc) {
-  HWND list = controls_[kList];
-  RECT client, clip;
-  GetClientRect(list, &client);
-  if (GetClipBox(dc, &clip) == ERROR) clip = client;
-  int position = ScrollerPosition(list), rowHeight = ScaleY(kRowHeight);
-  auto& entries = data_.categories.entries;
-  RecordRows(position, client.bottom);
-  FillRect(dc, &clip, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-  SetBkMode(dc, TRANSPARENT);
-  SetTextColor(dc, RGB(0, 0, 0));
-  HGDIOBJ oldFont = SelectObject(dc, context().normalFont);
-  HBRUSH line = CreateSolidBrush(kRowLine);
-  for (int row = std::max(0, (position + int(clip.top)) / rowHeight); row < int(entries.size()); ++row) {
-    int top = row * rowHeight - position;
-    if (top >= clip.bottom) break;
-    const CategoryEntry& entry = entries[row];
-    RECT area = {0, top, client.right, top + rowHeight};
-    PaintCategorySwatch(dc, area, entry.color);
-    RECT cell = IconCell(client.right, top);
-    RECT name = {ScaleX(kNameLeft), top, cell.left - ScaleX(kMargin), area.bottom};
-    DrawTextW(dc, AsWide(entry.name.Text()), entry.name.Length(), &name,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
-    if (entry.bitmap) DrawBitmapInCell(dc, static_cast<HBITMAP>(entry.bitmap.get()), cell);
-    else PaintEmptyCell(dc, cell);
-    RECT separator = {0, area.bottom - 1, client.right, area.bottom};
-    FillRect(dc, &separator, line);
-  }
-  DeleteObject(line);
-  SelectObject(dc, oldFont);
-  return static_cast<LRESULT>(entries.size()) * rowHeight;
 }
 
 void CategoryListView::OnPressed(LPARAM point) {

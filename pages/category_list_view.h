@@ -8,6 +8,8 @@
 #include <windows.h>
 
 #include <array>
+#include <cstddef>
+#include <memory>
 #include <string_view>
 
 #include "data/categories.h"
@@ -16,6 +18,31 @@
 namespace tw {
 
 inline constexpr ControlIdRange kCategoryListIds = {4000, 4199};
+
+// The categories view's answer to its scroller's draw requests: the rows
+// meeting the clip box, each with its swatch, name and bitmap; every row in
+// view records its top and bottom for "find category at y".
+class CategoryRowPainter {
+ public:
+  CategoryRowPainter(HWND list, CategoryList& categories, HFONT font);
+  ~CategoryRowPainter();
+  CategoryRowPainter(const CategoryRowPainter&) = delete;
+  CategoryRowPainter& operator=(const CategoryRowPainter&) = delete;
+
+  // Returns the content's height.
+  LRESULT Paint(HDC dc);
+
+ private:
+  void RecordRows(int position, int height);
+  void PaintRow(HDC dc, const CategoryEntry& entry, const RECT& area);
+
+  HWND list_;
+  CategoryList& categories_;
+  HFONT font_;
+  HPEN markPen_;
+  HBRUSH lineBrush_;
+  std::size_t recordedFirst_ = 0, recordedLast_ = 0;
+};
 
 class CategoryListView : public SettingsPage {
  public:
@@ -42,8 +69,6 @@ class CategoryListView : public SettingsPage {
   static constexpr int kCaptionHeight = 30;
 
  private:
-  LRESULT DrawRows(HDC dc);
-  void RecordRows(int position, int height);
   void OnPressed(LPARAM point);
   void PickColour(CategoryEntry& category);
   void PickIcon(CategoryEntry& category);
@@ -52,6 +77,7 @@ class CategoryListView : public SettingsPage {
   CategoryPlatform platform_;
   HMODULE pictures_;
   std::array<HWND, kControlCount> controls_ = {};
+  std::unique_ptr<CategoryRowPainter> rows_;
 };
 
 }  // namespace tw

@@ -128,8 +128,9 @@ void FilterPanel::StoreFilter() {
   if (sensitivity >= 0 && sensitivity < kSensitivityChoices) entry.sensitivity = sensitivity;
   entry.visible = IsChecked(controls_[kVisible]);
   entry.includeUncategorized = IsChecked(controls_[kUncategorized]);
-  // Filters beyond the mask's 32 bits have no memberships to keep.
-  if (current_ < 32) {
+  // Filters beyond the mask's 32 bits have no memberships to keep, and
+  // without the common controls there is no list to read them from.
+  if (current_ < 32 && controls_[kMembers] != nullptr) {
     std::uint32_t bit = 1u << current_;
     for (int category = 0; category < int(masks_.size()); ++category) {
       bool member = ListViewChecked(controls_[kMembers], category);
