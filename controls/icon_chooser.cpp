@@ -80,8 +80,10 @@ void OnSize(HWND dialog, ChooserState& state) {
   if (state.list) Place(state.list, left, state.linesBottom, right, buttonsTop - ScaleY(kMargin));
 }
 
+// The category's own file, when an icon folder holds it, starts selected.
 void LoadRows(ChooserState& state) {
   for (std::u16string& path : ScanIconFolders(state.setup.files, state.setup.iconFolders)) {
+    if (path == state.choice.CategoryFile()) state.selected = int(state.rows.size());
     BitmapHandle handle = state.setup.bitmaps.Load(path);
     state.rows.push_back({std::move(path), Bitmap(state.setup.bitmaps, handle)});
   }
