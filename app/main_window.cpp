@@ -6,8 +6,8 @@
 #include "app/main_window.h"
 #include "app/shell.h"
 #include "base/scaling.h"
-#include "pages/common_controls.h"
 #include "data/categories.h"
+#include "pages/common_controls.h"
 #include "platform/win32/device.h"
 #include "data/win32/skin_image.h"
 #include "platform/win32/wide.h"
@@ -77,8 +77,8 @@ LRESULT OnCreate(HWND window) {
   PreviewImages().Load(shell.pictures, false, Settings().skin.folder.View(), nullptr);
   shell.normalFont = CreatePageFont(0);
   shell.boldFont = CreatePageFont(700);
-  // The category list and the filter panel are read now; their views are
-  // built by the pages of slots 10 and 11.
+  // The category list and the filter panel are read now; their views,
+  // slots 10 and 11, are made below once the selector is in place.
   LoadCategories(Categories(), Platform().Categories(), Settings().TWIconsFolder.View(),
                  Settings().TWFiltersFileFolder.View());
   CreatePageSelector(window);
