@@ -34,15 +34,14 @@ std::u16string ChoiceText(int filter, const FilterEntry& entry) {
 }  // namespace
 
 FilterPanel::FilterPanel(const PageContext& context, CategoryData& data) : SettingsPage(context), data_(data) {
-  LoadCommonControls();
   filters_ = data.filters.entries;
   for (const CategoryEntry& category : data.categories.entries) masks_.push_back(category.filterMask);
-  CreateControls();
-  FillFilterChoice();
-  ShowFilter(0);
 }
 
+// Made when first shown: the tab strip and the list need the common
+// controls, which would cost every start-up their loading.
 void FilterPanel::CreateControls() {
+  LoadCommonControls();
   auto add = [&](Control control, const wchar_t* className, DWORD style, unsigned text = 0) {
     controls_[control] =
         AddControl(className, AsWide(Text(text).Text()), style, {}, IdOf(control), context().normalFont);
@@ -65,6 +64,8 @@ void FilterPanel::CreateControls() {
   ListViewPrepare(controls_[kMembers], true);
   for (const CategoryEntry& category : data_.categories.entries)
     ListViewAddRow(controls_[kMembers], category.name.View());
+  FillFilterChoice();
+  ShowFilter(0);
 }
 
 void FilterPanel::Place() {
@@ -120,6 +121,7 @@ void FilterPanel::ShowFilter(int filter) {
 }
 
 void FilterPanel::StoreFilter() {
+  if (controls_[kTitle] == nullptr) return;  // never shown, nothing edited
   FilterEntry& entry = filters_[current_];
   std::u16string title = GetText(controls_[kTitle]);
   bool renamed = entry.title.View() != title;
@@ -142,6 +144,7 @@ void FilterPanel::StoreFilter() {
 
 void FilterPanel::Show(int showCommand, bool) {
   shown_ = showCommand != 0;
+  if (shown_ && controls_[kTitle] == nullptr) CreateControls();
   ShowWindow(controls_[kFilterChoice], showCommand);
   ShowWindow(controls_[kTabs], showCommand);
   ShowTab(showCommand);
