@@ -29,7 +29,8 @@ class CategoryRowPainter {
   CategoryRowPainter(const CategoryRowPainter&) = delete;
   CategoryRowPainter& operator=(const CategoryRowPainter&) = delete;
 
-  // Returns the content's height.
+  // Returns the content's height. The painter's font and pen stay selected
+  // in the scroller's context: the painter must outlive the scroller.
   LRESULT Paint(HDC dc);
 
  private:
@@ -50,6 +51,7 @@ class CategoryListView : public SettingsPage {
 
   CategoryListView(const PageContext& context, CategoryData& data, const CategoryPlatform& platform,
                    HMODULE pictures);
+  ~CategoryListView() override;
 
   void Show(int showCommand, bool includeTabStrip) override;
   // Lays the controls out on the window as it is now: the view is made
