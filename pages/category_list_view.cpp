@@ -106,7 +106,12 @@ LRESULT CategoryRowPainter::Paint(HDC dc) {
 
 CategoryListView::CategoryListView(const PageContext& context, CategoryData& data, const CategoryPlatform& platform,
                                    HMODULE pictures)
-    : SettingsPage(context), data_(data), platform_(platform), pictures_(pictures) {
+    : SettingsPage(context), data_(data), platform_(platform), pictures_(pictures) {}
+
+// Made when first shown: the scroller's pictures need not slow every start-up.
+void CategoryListView::CreateControls() {
+  controlsMade_ = true;
+  const PageContext& context = this->context();
   auto add = [&](Control control, const wchar_t* className, DWORD style, unsigned text = 0) {
     controls_[control] =
         AddControl(className, AsWide(Text(text).Text()), style, {}, IdOf(control), context.normalFont);
@@ -151,6 +156,7 @@ CategoryListView::~CategoryListView() {
 }
 
 void CategoryListView::Show(int showCommand, bool) {
+  if (showCommand != 0 && !controlsMade_) CreateControls();
   ShowControls(showCommand);
   if (controls_[kList] != nullptr) ShowWindow(controls_[kList], showCommand);
 }

@@ -71,6 +71,7 @@ class CategoryListView : public SettingsPage {
   static constexpr int kCaptionHeight = 30;
 
  private:
+  void CreateControls();
   void OnPressed(LPARAM point);
   void PickColour(CategoryEntry& category);
   void PickIcon(CategoryEntry& category);
@@ -80,6 +81,7 @@ class CategoryListView : public SettingsPage {
   HMODULE pictures_;
   std::array<HWND, kControlCount> controls_ = {};
   std::unique_ptr<CategoryRowPainter> rows_;
+  bool controlsMade_ = false;
 };
 
 }  // namespace tw
