@@ -5,6 +5,7 @@
 
 #include "app/main_window.h"
 #include "app/shell.h"
+#include "controls/file_chooser.h"
 #include "data/filters.h"
 #include "data/schemes.h"
 #include "data/settings_backup.h"
@@ -27,7 +28,7 @@ void SaveCategoriesAndFilters() {
 
 void OnDone(HWND window) {
   DestroyPages();
-  // The filter panel commits its edits here once it has a view.
+  if (Shell().filterPanel) Shell().filterPanel->Commit();
   SaveCategoriesAndFilters();
   SaveSettings(Settings(), Platform().Environment());
   FreeLanguageLibrary();
@@ -114,6 +115,32 @@ void ApplySchemeFromPage(HWND window, std::u16string_view fileName) {
   FinishRewrite(window, kNoMessage);
 }
 
+void ChooseIconFolder(HWND window, CategoryListView& list) {
+  wchar_t path[kChooserPathCapacity] = {};
+  std::wstring start = ToWide(Settings().AdditionalIconsFolder.View());
+  start.copy(path, kChooserPathCapacity - 1);
+  if (ChoosePath(window, Shell().instance, Shell().language, Platform().files, Platform().locale, BrowseFor::Folder,
+                 path) == 1)
+    list.SetIconFolder(AsU16(path));
+}
+
+// The controls of slots 10 and 11, which the shell owns on their behalf:
+// the list's folder buttons it answers itself, the panel's go to the panel.
+bool OnInPlaceControl(HWND window, WPARAM wParam) {
+  int id = LOWORD(wParam);
+  ShellState& shell = Shell();
+  if (shell.categoryList && kCategoryListIds.Holds(id)) {
+    if (id == CategoryListView::IdOf(CategoryListView::kChooseFolder)) ChooseIconFolder(window, *shell.categoryList);
+    if (id == CategoryListView::IdOf(CategoryListView::kClearFolder)) shell.categoryList->SetIconFolder(u"");
+    return true;
+  }
+  if (shell.filterPanel && kFilterPanelIds.Holds(id)) {
+    shell.filterPanel->OnCommand(id, HIWORD(wParam));
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 const SchemeHooks& PageSchemeHooks() {
@@ -135,8 +162,7 @@ LRESULT OnMainCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   ShellState& shell = Shell();
   if (SettingsPage* page = shell.slots[shell.currentPage].get())
     if (page->OnCommand(window, message, wParam, lParam)) return 0;
-  // The category list's and the filter panel's controls are handled here
-  // once slots 10 and 11 have their views.
+  if (OnInPlaceControl(window, wParam)) return 0;
   if (shell.selector != nullptr && reinterpret_cast<HWND>(lParam) == shell.selector &&
       HIWORD(wParam) == CBN_SELCHANGE) {
     SwitchPage(static_cast<int>(SendMessageW(shell.selector, CB_GETCURSEL, 0, 0)));

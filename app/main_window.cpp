@@ -7,6 +7,7 @@
 #include "app/shell.h"
 #include "base/scaling.h"
 #include "data/categories.h"
+#include "pages/common_controls.h"
 #include "platform/win32/device.h"
 #include "data/win32/skin_image.h"
 #include "platform/win32/wide.h"
@@ -18,7 +19,6 @@ namespace {
 
 constexpr COLORREF kHeaderColour = 0xEFC6A4;
 constexpr COLORREF kHeaderIconTransparent = 0x0000FF;
-constexpr COLORREF kCategoryPageColour = 0x323232;
 constexpr COLORREF kMenuButtonMask = 0xC6CFDE;
 // Menu bar images: 0 Cancel, 1 Done.
 constexpr TBBUTTON kMenuButtons[] = {
@@ -77,19 +77,24 @@ LRESULT OnCreate(HWND window) {
   PreviewImages().Load(shell.pictures, false, Settings().skin.folder.View(), nullptr);
   shell.normalFont = CreatePageFont(0);
   shell.boldFont = CreatePageFont(700);
-  // The category list and the filter panel are read now; their views are
-  // built by the pages of slots 10 and 11.
+  // The category list and the filter panel are read now; their views,
+  // slots 10 and 11, are made below once the selector is in place.
   LoadCategories(Categories(), Platform().Categories(), Settings().TWIconsFolder.View(),
                  Settings().TWFiltersFileFolder.View());
   CreatePageSelector(window);
   GetWindowRect(window, &shell.windowRect);
   GetClientRect(window, &shell.clientRect);
+  shell.categoryList = std::make_unique<CategoryListView>(MakePageContext(), Categories(), Platform().Categories(),
+                                                           shell.pictures);
+  shell.filterPanel = std::make_unique<FilterPanel>(MakePageContext(), Categories());
   return 0;
 }
 
 void OnDestroy() {
   ShellState& shell = Shell();
   DestroyPages();
+  shell.categoryList.reset();
+  shell.filterPanel.reset();
   Categories().categories.Clear();
   DeleteObject(shell.normalFont);
   DeleteObject(shell.boldFont);
@@ -132,7 +137,8 @@ void PaintHeader(HDC dc) {
 }
 
 // The category list and the filter panel sit on a dark page that the shell
-// paints itself, the list's caption included.
+// paints itself, the list's caption included: two lines, room enough for
+// the longer languages.
 void PaintCategoryPage(HDC dc, int page) {
   RECT area = {0, ScaleX(kHeaderBand) + ScaleX(1), Shell().clientRect.right, Shell().clientRect.bottom};
   HBRUSH fill = CreateSolidBrush(kCategoryPageColour);
@@ -143,8 +149,9 @@ void PaintCategoryPage(HDC dc, int page) {
   HGDIOBJ oldFont = SelectObject(dc, Shell().normalFont);
   SetTextColor(dc, RGB(255, 255, 255));
   SetBkMode(dc, TRANSPARENT);
-  RECT text = {ScaleX(6), area.top + ScaleX(4), area.right - ScaleX(6), area.top + ScaleX(20)};
-  DrawTextW(dc, AsWide(caption.Text()), caption.Length(), &text, DT_LEFT | DT_SINGLELINE | DT_END_ELLIPSIS);
+  RECT text = {ScaleX(6), area.top + ScaleY(2), area.right - ScaleX(6),
+               area.top + ScaleY(CategoryListView::kCaptionHeight)};
+  DrawTextW(dc, AsWide(caption.Text()), caption.Length(), &text, DT_LEFT | DT_WORDBREAK | DT_END_ELLIPSIS);
   SelectObject(dc, oldFont);
 }
 
@@ -157,19 +164,17 @@ void OnPaint(HWND window) {
   PaintHeader(dc);
   int current = Shell().currentPage;
   if (kPages[current].paintedByShell) PaintCategoryPage(dc, current);
-  else if (SettingsPage* page = Shell().slots[current].get()) page->Paint(dc);
+  if (SettingsPage* page = ShownPage()) page->Paint(dc);
   EndPaint(window, &paint);
 }
 
-SettingsPage* CurrentPage() { return Shell().slots[Shell().currentPage].get(); }
-
 LRESULT OnNotify(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  SettingsPage* page = CurrentPage();
+  SettingsPage* page = ShownPage();
   return page ? page->OnNotify(window, message, wParam, lParam) : 0;
 }
 
 void OnTap(LPARAM position) {
-  if (SettingsPage* page = CurrentPage())
+  if (SettingsPage* page = ShownPage())
     page->OnTap(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position)));
 }
 
@@ -189,19 +194,25 @@ void OnInitMenuPopup() {
 
 // Labels sit on the white page as on the device, unless the page says otherwise.
 LRESULT OnControlColour(HDC dc, HWND control) {
-  if (SettingsPage* page = CurrentPage())
+  if (SettingsPage* page = ShownPage())
     if (HBRUSH brush = page->ControlColour(dc, control)) return reinterpret_cast<LRESULT>(brush);
   SetTextColor(dc, RGB(0, 0, 0));
   SetBkColor(dc, RGB(255, 255, 255));
   return reinterpret_cast<LRESULT>(GetStockObject(WHITE_BRUSH));
 }
 
-// The category list's own messages; its view belongs to slot 10.
-LRESULT ForwardToCategoryList(UINT, WPARAM, LPARAM) { return 0; }
+// The category list's draw and press requests: its scroller is a child of
+// the main window.
+LRESULT ForwardToCategoryList(UINT message, WPARAM wParam, LPARAM lParam) {
+  CategoryListView* list = Shell().categoryList.get();
+  return list != nullptr ? list->OnListMessage(message, wParam, lParam) : 0;
+}
 
 void OnWindowPosChanged(HWND window) {
   GetWindowRect(window, &Shell().windowRect);
   GetClientRect(window, &Shell().clientRect);
+  if (Shell().categoryList) Shell().categoryList->Place();
+  if (Shell().filterPanel) Shell().filterPanel->Place();
 }
 
 }  // namespace

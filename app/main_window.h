@@ -27,6 +27,10 @@ LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
 // What a page of the main window is made with.
 PageContext MakePageContext();
 void ShowPage(int index, int showCommand);
+// The category list or the filter panel for slots 10 and 11, else null.
+SettingsPage* InPlaceView(int index);
+// What the current slot shows: its page object or its in-place view.
+SettingsPage* ShownPage();
 void SwitchPage(int index);
 // Every page object in the order Done and window destruction use.
 void DestroyPages();

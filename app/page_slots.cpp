@@ -17,10 +17,22 @@ PageContext MakePageContext() {
           &PageSchemeHooks(), &Platform().registry, &Categories().categories};
 }
 
+SettingsPage* InPlaceView(int index) {
+  if (index == kCategoryListPage) return Shell().categoryList.get();
+  if (index == kFilterPanelPage) return Shell().filterPanel.get();
+  return nullptr;
+}
+
+SettingsPage* ShownPage() {
+  int current = Shell().currentPage;
+  if (SettingsPage* view = InPlaceView(current)) return view;
+  return Shell().slots[current].get();
+}
+
 void ShowPage(int index, int showCommand) {
-  // Slots without a factory (the category pages, whose views the shell
-  // paints, and pages not written yet) show nothing of their own.
   if (index < 0 || index >= kPageCount) return;
+  if (SettingsPage* view = InPlaceView(index)) return view->Show(showCommand, true);
+  // Slots without a factory (pages not written yet) show nothing.
   std::unique_ptr<SettingsPage>& slot = Shell().slots[index];
   if (!slot) {
     PageFactory make = kPages[index].make;

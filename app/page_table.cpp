@@ -2,6 +2,8 @@
 
 #include "pages/about_page.h"
 #include "pages/calendar_page.h"
+#include "pages/category_list_view.h"
+#include "pages/filter_panel.h"
 #include "pages/colours_page.h"
 #include "pages/fonts_page.h"
 #include "pages/general_page.h"
@@ -16,9 +18,6 @@
 
 namespace tw {
 namespace {
-
-// Blocks of pages not written yet, kept apart already.
-constexpr ControlIdRange Block(int slot) { return {2000 + 200 * slot, 2199 + 200 * slot}; }
 
 // Commands the shell itself answers: a page control with one of these ids
 // would press Done or Cancel.
@@ -39,8 +38,8 @@ constexpr PageRow kPages[kPageCount] = {
     {kPageNameTexts[7], MakeColoursPage, 7, false, kColoursPageIds},  // Colours
     {kPageNameTexts[8], MakePimSourcePage, 6, false, kPimSourcePageIds},  // PIM source
     {kPageNameTexts[9], MakeTabsPage, 9, false, kTabsPageIds},        // Tabs
-    {kPageNameTexts[10], nullptr, -1, true, Block(10)},        // category list
-    {kPageNameTexts[11], nullptr, -1, true, Block(11)},        // filter panel
+    {kPageNameTexts[10], nullptr, -1, true, kCategoryListIds},  // category list
+    {kPageNameTexts[11], nullptr, -1, true, kFilterPanelIds},   // filter panel
     {kPageNameTexts[12], MakeAboutPage, 10, false, kAboutPageIds},  // About
 };
 

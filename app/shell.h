@@ -11,6 +11,8 @@
 #include "app/page_table.h"
 #include "base/wide_string.h"
 #include "data/categories.h"
+#include "pages/category_list_view.h"
+#include "pages/filter_panel.h"
 #include "pages/preview_cache.h"
 #include "pages/settings_page.h"
 #include "platform/win32/win32_bitmaps.h"
@@ -36,6 +38,10 @@ struct ShellState {
   UINT settingsChangedMessage = 0;
   int currentPage = kFirstPage;
   std::array<std::unique_ptr<SettingsPage>, kPageCount> slots;
+  // Slots 10 and 11 hold no page: these two are made at start-up and shown
+  // and hidden in place.
+  std::unique_ptr<CategoryListView> categoryList;
+  std::unique_ptr<FilterPanel> filterPanel;
   // Dots per inch are read once per process; a test may set them first.
   bool screenKnown = false;
   RECT windowRect = {};

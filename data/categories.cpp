@@ -1,6 +1,9 @@
 #include "data/categories.h"
 
 #include <algorithm>
+#include <unordered_set>
+
+#include "base/text.h"
 
 #include "platform/miss_caching_registry.h"
 
@@ -12,11 +15,18 @@ constexpr std::uint32_t kIdProperty = PropertyId(0x4002, kCeI2);
 constexpr std::u16string_view kColorPrefix = u"CatColor.";
 constexpr std::u16string_view kFilterPrefix = u"CatFilter.";
 
-std::u16string ValueName(std::u16string_view prefix, const CategoryEntry& entry) {
-  std::u16string name(prefix);
-  name += entry.name.View();
-  return name;
-}
+// One buffer for every value name of a pass: a load builds 20,000 of them.
+class ValueNames {
+ public:
+  const std::u16string& Of(std::u16string_view prefix, const CategoryEntry& entry) {
+    name_.assign(prefix);
+    name_ += entry.name.View();
+    return name_;
+  }
+
+ private:
+  std::u16string name_;
+};
 
 // Records without a usable name or id are not categories.
 bool EntryFromRecord(const std::vector<PropertyValue>& values, CategoryEntry& entry) {
@@ -56,6 +66,29 @@ void WriteAttribute(Registry& registry, RegKey key, const std::u16string& name, 
   else registry.SetDword(key, name, value);
 }
 
+// A category usually has no bitmap, and probing each missing file is a
+// file-system round trip. One listing of the folder rules out the plain
+// ASCII names it lacks; a name of another script, or one reaching into a
+// sub-folder, is still probed, since only the file system knows how those
+// fold and resolve.
+class BitmapFileIndex {
+ public:
+  BitmapFileIndex(FileSystem& files, std::u16string_view folder) {
+    std::u16string folded;
+    for (const DirectoryEntry& entry : files.List(folder, u"*.bmp"))
+      if (!entry.IsDirectory() && FoldAsciiName(entry.name, folded)) names_.insert(folded);
+  }
+
+  bool MayHold(std::u16string_view category) const {
+    std::u16string folded;
+    if (!FoldAsciiName(category, folded) || folded.find_first_of(u"\\/:") != std::u16string::npos) return true;
+    return names_.contains(folded + u".bmp");
+  }
+
+ private:
+  std::unordered_set<std::u16string> names_;
+};
+
 }  // namespace
 
 CategoryEntry* CategoryList::FindAtY(std::int32_t y) {
@@ -83,30 +116,34 @@ void LoadCategories(CategoryData& data, const CategoryPlatform& platform,
     return platform.locale.CompareIgnoreCase(a.name.View(), b.name.View()) < 0;
   });
   data.categories.entries = std::move(entries);
+  BitmapFileIndex bitmapFiles(platform.files, iconsFolder);
   for (CategoryEntry& entry : data.categories.entries) {
+    if (!bitmapFiles.MayHold(entry.name.View())) continue;
     BitmapHandle handle = platform.bitmaps.Load(CategoryBitmapPath(iconsFolder, entry.name.View()));
     entry.bitmap = Bitmap(platform.bitmaps, handle);
   }
   // Categories without a colour or a filter have no value: the key is listed once.
   MissCachingRegistry registry(platform.registry);
+  ValueNames names;
   {
     ScopedKey key(registry, kCurrentUser, kCategoriesKey.path, true);
     for (CategoryEntry& entry : data.categories.entries)
-      ReadAttribute(registry, key.get(), ValueName(kColorPrefix, entry), entry.color);
+      ReadAttribute(registry, key.get(), names.Of(kColorPrefix, entry), entry.color);
   }
   {
     ScopedKey key(registry, kCurrentUser, kCategoriesKey.path, true);
     for (CategoryEntry& entry : data.categories.entries)
-      ReadAttribute(registry, key.get(), ValueName(kFilterPrefix, entry), entry.filterMask);
+      ReadAttribute(registry, key.get(), names.Of(kFilterPrefix, entry), entry.filterMask);
   }
   ReadFilters(data.filters, platform.files, filtersFolder);
 }
 
 void SaveCategoryAttributes(const CategoryList& categories, Registry& registry) {
   ScopedKey key(registry, kCurrentUser, kCategoriesKey.path, true);
+  ValueNames names;
   for (const CategoryEntry& entry : categories.entries) {
-    WriteAttribute(registry, key.get(), ValueName(kColorPrefix, entry), entry.color, entry.color == kNoCategoryColor);
-    WriteAttribute(registry, key.get(), ValueName(kFilterPrefix, entry), entry.filterMask,
+    WriteAttribute(registry, key.get(), names.Of(kColorPrefix, entry), entry.color, entry.color == kNoCategoryColor);
+    WriteAttribute(registry, key.get(), names.Of(kFilterPrefix, entry), entry.filterMask,
                    entry.filterMask == 0);
   }
 }

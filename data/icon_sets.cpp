@@ -72,7 +72,9 @@ void IconChoice::ChooseNone() {
 void IconChoice::Finish(FileSystem& files) {
   if (chosen_ == categoryFile_) return;
   files.Delete(categoryFile_);
-  if (!chosen_.empty()) files.Copy(chosen_, categoryFile_, false);
+  // The picture shown must be the file the Today item will read: none when
+  // the copy failed.
+  if (!chosen_.empty() && !files.Copy(chosen_, categoryFile_, false)) category_.bitmap.Reset();
 }
 
 }  // namespace tw

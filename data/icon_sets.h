@@ -34,7 +34,8 @@ class IconChoice {
   void Choose(std::u16string_view path, Bitmaps& bitmaps);
   void ChooseNone();
   // When the chooser closes: unless the choice is the category's own file,
-  // that file is deleted and the chosen one (if any) copied in its place.
+  // that file is deleted and the chosen one (if any) copied in its place;
+  // a failed copy leaves the category without a bitmap.
   void Finish(FileSystem& files);
 
   const std::u16string& CategoryFile() const { return categoryFile_; }

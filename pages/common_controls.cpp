@@ -157,6 +157,13 @@ void RepaintShown(const std::vector<HWND>& controls) {
     if (IsWindowVisible(control)) RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
+HBRUSH CategoryPageColours(HDC dc) {
+  static HBRUSH brush = CreateSolidBrush(kCategoryPageColour);
+  SetTextColor(dc, RGB(255, 255, 255));
+  SetBkColor(dc, kCategoryPageColour);
+  return brush;
+}
+
 HFONT CreateLabelFont() {
   LOGFONTW font = {};
   font.lfHeight = ScaleY(12);

@@ -11,6 +11,8 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -72,6 +74,20 @@ void RepaintArea(HWND window, const RECT* area);
 // the order in which the queue paints windows is not fixed: a page calls
 // this at the end of its painting so that its shown controls come out on top.
 void RepaintShown(const std::vector<HWND>& controls);
+
+// The dark page of the category list and the filter panel, which the shell
+// paints; its labels and check boxes take white text on it.
+inline constexpr COLORREF kCategoryPageColour = 0x323232;
+HBRUSH CategoryPageColours(HDC dc);
+
+// Moves each control to its box (null controls are skipped).
+template <std::size_t N>
+void PlaceControls(const std::array<HWND, N>& controls, const RECT (&boxes)[N]) {
+  for (std::size_t i = 0; i < N; ++i)
+    if (controls[i] != nullptr)
+      MoveWindow(controls[i], boxes[i].left, boxes[i].top, boxes[i].right - boxes[i].left,
+                 boxes[i].bottom - boxes[i].top, FALSE);
+}
 
 // Tahoma 12 high (96-dpi units), the face the colour and font pages paint
 // their labels in; the caller deletes it.

@@ -43,10 +43,9 @@ long MissCachingRegistry::Close(RegKey key) {
 
 long MissCachingRegistry::Query(RegKey key, std::u16string_view name, std::uint32_t& type, void* data,
                                 std::uint32_t& size) {
-  std::u16string folded;
-  if (key != 0 && FoldAsciiName(name, folded)) {
+  if (key != 0 && FoldAsciiName(name, folded_)) {
     const Listing& listing = ListingOf(key);
-    if (listing.decisive && listing.names.count(folded) == 0) return kRegNotFound;
+    if (listing.decisive && listing.names.count(folded_) == 0) return kRegNotFound;
   }
   return source_.Query(key, name, type, data, size);
 }

@@ -7,7 +7,7 @@
 #pragma once
 
 #include <map>
-#include <set>
+#include <unordered_set>
 #include <string>
 
 #include "platform/registry.h"
@@ -38,12 +38,13 @@ class MissCachingRegistry final : public Registry {
   // nothing itself.
   struct Listing {
     bool decisive = true;
-    std::set<std::u16string> names;
+    std::unordered_set<std::u16string> names;
   };
   const Listing& ListingOf(RegKey key);
 
   Registry& source_;
   std::map<RegKey, Listing> listings_;
+  std::u16string folded_;  // kept between queries: a load asks thousands
 };
 
 }  // namespace tw

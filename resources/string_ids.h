@@ -177,6 +177,9 @@ inline constexpr unsigned kLanguageTexts[] = {
     // Undo of the last import or scheme; the backup written before either.
     41201, 41202, 41203, 41204, 41205, 41206, 41207, 41208, 41209, 41210, 41211,
     41212, 41213,
+    // Category list, icon chooser buttons and the category filter panel.
+    40994, 40995, 40996, 40997, 40998, 40999, 41000, 41001, 41002, 41003, 41004,
+    41005, 41006, 41007, 41008, 41009,
 };
 
 // Texts of the three dialogs that pages open.
@@ -206,6 +209,9 @@ inline constexpr unsigned kTextPathTooLong = 40990;
 inline constexpr unsigned kTextPathTooLongCaption = 40991;
 inline constexpr unsigned kTextNoFileChosen = 40992;
 inline constexpr unsigned kTextFontChooserTitle = 40993;
+inline constexpr unsigned kTextIconChooserLines[] = {40815, 40816, 40817};
+inline constexpr unsigned kTextChooseIcon = 40997;
+inline constexpr unsigned kTextNoIcon = 40998;
 
 inline constexpr std::size_t kLanguageTextCount = std::size(kLanguageTexts);
 

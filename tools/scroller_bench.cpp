@@ -5,7 +5,9 @@
 // drawing of a whole client area plus the blit is timed too, as the floor of
 // any full paint of this content. Prints each round's times and ratios, then
 // the median and the spread of the ratios. Goal: a scroll step at most 2x the blit.
-//   wine64 scroller_bench.exe [rounds, default 7] [paints per round, default 400]
+// With "categories", the content is instead the category list of 10,000
+// categories as the main window's categories view paints it.
+//   wine64 scroller_bench.exe [rounds, default 7] [paints per round, default 400] [rows|categories]
 #include <windows.h>
 
 #include <algorithm>
@@ -15,6 +17,7 @@
 #include <vector>
 
 #include "controls/scroller.h"
+#include "pages/category_list_view.h"
 
 namespace {
 
@@ -24,10 +27,12 @@ constexpr int kStep = 10;  // one tick of an arrow's repeat
 
 HWND gScroller = nullptr;
 HBRUSH gRowBrushes[2];
+tw::CategoryRowPainter* gCategories = nullptr;  // drawn instead of the plain rows when set
 
 // Only the rows within the clip box, as a list parent draws them: the
 // parent knows its rows' height.
 LRESULT DrawRows(HDC dc) {
+  if (gCategories != nullptr) return gCategories->Paint(dc);
   int position = tw::ScrollerPosition(gScroller);
   RECT clip;
   if (GetClipBox(dc, &clip) == ERROR) clip = {0, 0, kWidth, kHeight};
@@ -114,6 +119,14 @@ void Summarise(const char* name, const std::vector<double>& ratios) {
 int main(int argc, char** argv) {
   int rounds = argc > 1 ? std::max(std::atoi(argv[1]), 1) : 7;
   int paints = argc > 2 ? std::max(std::atoi(argv[2]), 1) : 400;
+  tw::CategoryList categories;
+  bool categoryRows = argc > 3 && std::string(argv[3]) == "categories";
+  for (int i = 0; categoryRows && i < kRows; ++i) {
+    tw::CategoryEntry& entry = categories.entries.emplace_back();
+    entry.name.Format(u"Category %d", i);
+    if (i % 3 == 0) entry.color = RGB(i % 256, 80, 160);
+  }
+  HFONT font = CreateFontW(-12, 0, 0, 0, 0, 0, 0, 0, DEFAULT_CHARSET, 0, 0, DEFAULT_QUALITY, 0, L"Tahoma");
   HINSTANCE instance = GetModuleHandleW(nullptr);
   gRowBrushes[0] = CreateSolidBrush(RGB(250, 250, 250));
   gRowBrushes[1] = CreateSolidBrush(RGB(220, 230, 245));
@@ -128,6 +141,8 @@ int main(int argc, char** argv) {
   tw::ScrollerOptions options;
   options.pictures = pictures;
   gScroller = tw::CreateScroller(instance, parent, {0, 0, kWidth, kHeight}, L"CategoriesView", options);
+  tw::CategoryRowPainter painter(gScroller, categories, font);
+  if (categoryRows) gCategories = &painter;
   if (!gScroller || !pictures) {
     std::fprintf(stderr, "no scroller or no picture library\n");
     return 1;
@@ -161,5 +176,6 @@ int main(int argc, char** argv) {
   DestroyWindow(parent);
   FreeLibrary(pictures);
   for (HBRUSH brush : gRowBrushes) DeleteObject(brush);
+  DeleteObject(font);
   return 0;
 }

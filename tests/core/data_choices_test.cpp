@@ -121,6 +121,11 @@ TEST_F(DataFilesTest, ChoosingAnIconCopiesItUnderTheCategorysName) {
   none.Finish(files());
   EXPECT_FALSE(files().Exists(own));
   EXPECT_TRUE(files().Exists(Folder() + u"\\Set\\star.bmp"));
+
+  IconChoice lost(Folder() + u"\\NoSuchFolder", work);
+  lost.Choose(Folder() + u"\\Set\\star.bmp", bitmaps());
+  lost.Finish(files());
+  EXPECT_FALSE(work.bitmap) << "a failed copy leaves the category without a bitmap";
 }
 
 TEST_F(DataFilesTest, LanguageSelectionCountsLibrariesWithoutAName) {
