@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "base/scaling.h"
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
@@ -60,6 +62,11 @@ std::wstring LanguageString(HMODULE language, UINT id) {
 
 void SetItemLanguageText(HWND dialog, int item, HMODULE language, UINT id) {
   SetDlgItemTextW(dialog, item, LanguageString(language, id).c_str());
+}
+
+void PlaceItem(HWND dialog, int item, int left, int top, int right, int bottom) {
+  SetWindowPos(GetDlgItem(dialog, item), nullptr, left, top, std::max(right - left, 0), std::max(bottom - top, 0),
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int ShowLanguageMessage(HWND owner, HMODULE language, UINT textId, UINT captionId, UINT buttons) {

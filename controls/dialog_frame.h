@@ -28,6 +28,9 @@ void MakeFullScreenDialog(HWND dialog, HINSTANCE resources, HMODULE language, UI
 // The text of a language library string; empty when it is missing.
 std::wstring LanguageString(HMODULE language, UINT id);
 void SetItemLanguageText(HWND dialog, int item, HMODULE language, UINT id);
+// Moves a dialog's item to the box from (left, top) to (right, bottom); an
+// upside-down box gives the item no size rather than a huge one.
+void PlaceItem(HWND dialog, int item, int left, int top, int right, int bottom);
 // A message box whose text and caption come from the library; returns the button chosen.
 int ShowLanguageMessage(HWND owner, HMODULE language, UINT textId, UINT captionId, UINT buttons = MB_OK);
 

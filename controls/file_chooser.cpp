@@ -47,19 +47,14 @@ void RefuseTooLong(HWND dialog, const ChooserState& state) {
   ShowLanguageMessage(dialog, state.language, kTextPathTooLong, kTextPathTooLongCaption);
 }
 
-void Place(HWND dialog, int item, int left, int top, int right, int bottom) {
-  SetWindowPos(GetDlgItem(dialog, item), nullptr, left, top, std::max(right - left, 0), std::max(bottom - top, 0),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void OnSize(HWND dialog) {
   RECT client;
   GetClientRect(dialog, &client);
   int left = ScaleX(kMargin), right = client.right - ScaleX(kMargin), upLeft = right - ScaleX(kUpWidth);
-  Place(dialog, IDC_CHOOSER_LABEL, left, ScaleY(kMargin), right, ScaleY(kMargin + kLabelHeight));
-  Place(dialog, IDC_CHOOSER_PATH, left, ScaleY(kPathTop), upLeft - ScaleX(kMargin), ScaleY(kPathTop + kPathHeight));
-  Place(dialog, IDC_CHOOSER_UP, upLeft, ScaleY(kPathTop), right, ScaleY(kPathTop + kPathHeight));
-  Place(dialog, IDC_CHOOSER_LIST, left, ScaleY(kListTop), right, client.bottom - ScaleY(kMargin));
+  PlaceItem(dialog, IDC_CHOOSER_LABEL, left, ScaleY(kMargin), right, ScaleY(kMargin + kLabelHeight));
+  PlaceItem(dialog, IDC_CHOOSER_PATH, left, ScaleY(kPathTop), upLeft - ScaleX(kMargin), ScaleY(kPathTop + kPathHeight));
+  PlaceItem(dialog, IDC_CHOOSER_UP, upLeft, ScaleY(kPathTop), right, ScaleY(kPathTop + kPathHeight));
+  PlaceItem(dialog, IDC_CHOOSER_LIST, left, ScaleY(kListTop), right, client.bottom - ScaleY(kMargin));
 }
 
 INT_PTR OnInitDialog(HWND dialog, ChooserState& state) {

@@ -41,22 +41,17 @@ int WrappedHeight(HWND item, int width) {
   return area.bottom;
 }
 
-void Place(HWND dialog, int item, int left, int top, int right, int bottom) {
-  SetWindowPos(GetDlgItem(dialog, item), nullptr, left, top, std::max(right - left, 0), std::max(bottom - top, 0),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void OnSize(HWND dialog) {
   RECT client;
   GetClientRect(dialog, &client);
   int left = ScaleX(kMargin), right = client.right - ScaleX(kMargin);
   int top = ScaleY(kMargin);
   int textBottom = top + WrappedHeight(GetDlgItem(dialog, IDC_PLUGIN_TEXT), right - left);
-  Place(dialog, IDC_PLUGIN_TEXT, left, top, right, textBottom);
+  PlaceItem(dialog, IDC_PLUGIN_TEXT, left, top, right, textBottom);
   int labelTop = textBottom + ScaleY(kGap);
-  Place(dialog, IDC_PLUGIN_LABEL, left, labelTop, right, labelTop + ScaleY(kLabelHeight));
+  PlaceItem(dialog, IDC_PLUGIN_LABEL, left, labelTop, right, labelTop + ScaleY(kLabelHeight));
   int listTop = labelTop + ScaleY(kLabelHeight);
-  Place(dialog, IDC_PLUGIN_LIST, left, listTop, right, listTop + ScaleY(kListHeight + kDroppedHeight));
+  PlaceItem(dialog, IDC_PLUGIN_LIST, left, listTop, right, listTop + ScaleY(kListHeight + kDroppedHeight));
 }
 
 INT_PTR OnInitDialog(HWND dialog, ChooserState& state) {
