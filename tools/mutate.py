@@ -177,11 +177,12 @@ class Runner:
                        check=True, stdout=subprocess.DEVNULL)
 
     def compiles(self):
+        """Whether the suite builds; a fault in a file the suite does not build counts as not compiling."""
         command = ["cmake", "--build", str(self.build), f"-j{self.jobs}"]
         if self.suite["targets"]:
             command += ["--target", *self.suite["targets"]]
-        return subprocess.run(command, cwd=self.tree, env=self.env, stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL).returncode == 0
+        result = subprocess.run(command, cwd=self.tree, env=self.env, capture_output=True)
+        return result.returncode == 0 and b"no work to do" not in result.stdout
 
     def run_tests(self):
         """(tests that failed, tests that ran); a run that ends early fails as '(crash in X)' or '(timeout)'."""
@@ -272,7 +273,8 @@ def main():
     runner = Runner(args.suite, tree, args.jobs)
     try:
         runner.configure()
-        if not runner.compiles():
+        if not runner.compiles() and subprocess.run(["cmake", "--build", str(runner.build)], cwd=tree,
+                                                    env=runner.env, capture_output=True).returncode != 0:
             sys.exit("mutate: the unchanged copy does not build")
         broken, baseline_tests = runner.run_tests()
         if broken:
