@@ -31,7 +31,6 @@ constexpr int kLineGap = 2;
 constexpr int kFieldHeight = 20;
 constexpr int kDropDownHeight = 100;
 constexpr int kCheckHeight = 30;
-constexpr int kOrderListWidth = 160;
 constexpr int kOrderListHeight = 50;
 constexpr int kOrderButtonWidth = 50;
 constexpr int kOrderButtonHeight = 22;
