@@ -71,9 +71,10 @@ std::wstring WindowText(HWND control) {
 using CutTexts = std::vector<std::wstring>;
 
 // Records a text with the room it needs and the room it has, in pixels.
-void CutIfShort(CutTexts& cut, const std::wstring& text, int needed, int room) {
+void CutIfShort(CutTexts& cut, const std::wstring& text, int needed, int room, const wchar_t* how = L"") {
   if (needed > room)
-    cut.push_back(L"'" + text + L"' (needs " + std::to_wstring(needed) + L", has " + std::to_wstring(room) + L")");
+    cut.push_back(L"'" + text + L"'" + how + L" (needs " + std::to_wstring(needed) + L", has " + std::to_wstring(room) +
+                  L")");
 }
 
 // Labels wrap unless told not to; buttons wrap only when multi-line.
@@ -94,12 +95,13 @@ void CheckLabelOrButton(HWND control, bool isButton, CutTexts& cut) {
                         : !(style & SS_LEFTNOWORDWRAP) && (style & SS_TYPEMASK) != SS_SIMPLE;
   SIZE needed = TextMeasure(control).Needed(text, wraps ? width : 0);
   CutIfShort(cut, text, needed.cx, width);
-  CutIfShort(cut, text + L" wrapped", needed.cy, room.bottom - room.top);
+  CutIfShort(cut, text, needed.cy, room.bottom - room.top, L" in height");
 }
 
 // The selection on the closed box, and every entry in the open list.
 void CheckComboBox(HWND combo, CutTexts& cut) {
-  COMBOBOXINFO info = {sizeof info};
+  COMBOBOXINFO info = {};
+  info.cbSize = sizeof info;
   if (!GetComboBoxInfo(combo, &info)) return;
   TextMeasure measure(combo);
   int face = info.rcItem.right - info.rcItem.left;
@@ -143,7 +145,9 @@ void CheckListView(HWND list, CutTexts& cut) {
       item.cchTextMax = 512;
       text[0] = 0;
       SendMessageW(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
-      RECT label = {LVIR_LABEL, column};
+      RECT label = {};
+      label.left = LVIR_LABEL;  // which part, and of which column
+      label.top = column;
       SendMessageW(list, column == 0 ? LVM_GETITEMRECT : LVM_GETSUBITEMRECT, row, reinterpret_cast<LPARAM>(&label));
       if (text[0] != 0) CutIfShort(cut, text, measure.Needed(text).cx + 2 * margin, label.right - label.left);
     }
