@@ -1,5 +1,6 @@
 #include "pages/common_controls.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "base/scaling.h"
@@ -21,7 +22,31 @@ bool RegisterCommonControls() {
   return init(&classes) != FALSE;
 }
 
+// An entry longer than the box opens a list wide enough to read it whole,
+// as far as the window allows: a narrow column need not cut a choice short.
+void WidenDropDown(HWND combo, const std::wstring& entry) {
+  RECT window;
+  GetClientRect(GetAncestor(combo, GA_ROOT), &window);
+  auto font = reinterpret_cast<HFONT>(SendMessageW(combo, WM_GETFONT, 0, 0));
+  int needed = int(TextExtent(font, ToU16(entry.c_str())).cx) + 2 * GetSystemMetrics(SM_CXBORDER) + 4 +
+               GetSystemMetrics(SM_CXVSCROLL);
+  auto current = static_cast<int>(SendMessageW(combo, CB_GETDROPPEDWIDTH, 0, 0));
+  if (needed > current) SendMessageW(combo, CB_SETDROPPEDWIDTH, std::min<int>(needed, window.right), 0);
+}
+
 }  // namespace
+
+SIZE TextExtent(HFONT font, std::u16string_view text, int wrapWidth) {
+  std::wstring terminated = ToWide(text);
+  HDC dc = GetDC(nullptr);
+  HGDIOBJ old = SelectObject(dc, font);
+  RECT needed = {0, 0, wrapWidth, 0};
+  DrawTextW(dc, terminated.c_str(), -1, &needed,
+            DT_CALCRECT | DT_NOPREFIX | (wrapWidth > 0 ? DT_WORDBREAK : DT_SINGLELINE));
+  SelectObject(dc, old);
+  ReleaseDC(nullptr, dc);
+  return {needed.right, needed.bottom};
+}
 
 bool LoadCommonControls() {
   // The library stays loaded for the life of the process, as an import would.
@@ -29,12 +54,16 @@ bool LoadCommonControls() {
   return loaded;
 }
 
-void ComboClear(HWND combo) { SendMessageW(combo, CB_RESETCONTENT, 0, 0); }
+void ComboClear(HWND combo) {
+  SendMessageW(combo, CB_RESETCONTENT, 0, 0);
+  SendMessageW(combo, CB_SETDROPPEDWIDTH, 0, 0);
+}
 
 int ComboAdd(HWND combo, std::u16string_view text) {
   std::wstring terminated = ToWide(text);
   LRESULT position = SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(terminated.c_str()));
   if (position >= 0) SendMessageW(combo, CB_SETITEMDATA, position, position);
+  WidenDropDown(combo, terminated);
   return static_cast<int>(position);
 }
 
@@ -59,8 +88,19 @@ void ListViewPrepare(HWND list, bool checkBoxes) {
   GetClientRect(list, &area);
   LVCOLUMNW column = {};
   column.mask = LVCF_WIDTH;
-  column.cx = area.right - GetSystemMetrics(SM_CXVSCROLL);
+  column.cx = area.right;
   SendMessageW(list, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+}
+
+// The one column fills the list, less the scroll bar only once the rows need
+// it; a column made wider on purpose, to scroll sideways, is left so.
+void ListViewFitColumn(HWND list) {
+  RECT area, window;
+  GetClientRect(list, &area);
+  GetWindowRect(list, &window);
+  auto width = static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, 0, 0));
+  if (width <= window.right - window.left && width != area.right)
+    SendMessageW(list, LVM_SETCOLUMNWIDTH, 0, area.right);
 }
 
 void ListViewAddRow(HWND list, std::u16string_view text) {
@@ -70,6 +110,7 @@ void ListViewAddRow(HWND list, std::u16string_view text) {
   item.iItem = ListViewCount(list);
   item.pszText = terminated.data();
   SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+  ListViewFitColumn(list);
 }
 
 void ListViewSetRowText(HWND list, int row, std::u16string_view text) {

@@ -24,9 +24,13 @@ namespace tw {
 // process. False when the library is missing (pages then lack those controls).
 bool LoadCommonControls();
 
+// The room a text takes in the font: on one line, or wrapped at wrapWidth.
+SIZE TextExtent(HFONT font, std::u16string_view text, int wrapWidth = 0);
+
 // Combo box (drop-down list).
 void ComboClear(HWND combo);
-// The entry's data is its position until the caller sets other.
+// The entry's data is its position until the caller sets other; the open
+// list widens to show the entry whole.
 int ComboAdd(HWND combo, std::u16string_view text);
 // -1 clears the selection.
 void ComboSelect(HWND combo, int position);
@@ -42,7 +46,9 @@ void ListViewPrepare(HWND list, bool checkBoxes = false);
 // so a row without a state image reads as checked.
 void ListViewSetChecked(HWND list, int row, bool checked);
 bool ListViewChecked(HWND list, int row);
+// Adding a row fits the column to the list again (see ListViewFitColumn).
 void ListViewAddRow(HWND list, std::u16string_view text);
+void ListViewFitColumn(HWND list);
 void ListViewSetRowText(HWND list, int row, std::u16string_view text);
 std::u16string ListViewRowText(HWND list, int row);
 int ListViewCount(HWND list);

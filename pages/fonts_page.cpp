@@ -105,7 +105,7 @@ void FontsPage::CreateControls() {
   add(kExplanation, L"STATIC", SS_LEFT | SS_NOPREFIX,
       {ScaleX(10), height - ScaleY(76), ScaleX(230), height - ScaleY(kTabStripHeight + 2)}, kExplanationText);
   add(kChangeFont, L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP,
-      {width - ScaleX(50), ScaleY(80), width - ScaleX(10), ScaleY(100)}, kChangeFontText);
+      {width - ScaleX(56), ScaleY(80), width - ScaleX(10), ScaleY(100)}, kChangeFontText);
   add(kFontList, WC_LISTVIEWW, kListStyle, {ScaleX(10), ScaleY(106), width - ScaleX(10), height - ScaleY(30)});
   ListViewPrepare(controls_[kFontList]);
 }

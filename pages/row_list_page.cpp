@@ -18,6 +18,9 @@ namespace {
 
 // Layout in 96-dpi units; Layout() scales them once.
 constexpr int kMargin = 10;
+constexpr int kMinEditorWidth = 130;  // beside a landscape list: a tip of a few words a line
+constexpr int kCheckImageWidth = 16;  // a check list's box, beside its row text
+constexpr int kLabelMargins = 12;     // a list view's row text, both sides
 constexpr int kListRightMargin = 20;
 constexpr int kGap = 6;
 constexpr int kEditorsHeight = 128;  // below a portrait list: the editors and the tab strip
@@ -28,7 +31,6 @@ constexpr int kLineGap = 2;
 constexpr int kFieldHeight = 20;
 constexpr int kDropDownHeight = 100;
 constexpr int kCheckHeight = 30;
-constexpr int kOrderListWidth = 160;
 constexpr int kOrderListHeight = 50;
 constexpr int kOrderButtonWidth = 50;
 constexpr int kOrderButtonHeight = 22;
@@ -121,14 +123,16 @@ RowListPage::~RowListPage() {
 }
 
 // Portrait pages put the editors below the list; pages wider than high
-// put them beside it, so the list keeps a useful height.
+// put them beside it, so the list keeps a useful height, and give the list
+// the width its longest row name needs, the editors the rest.
 void RowListPage::Layout() {
   RECT page = PageArea();
   int width = page.right, bottom = page.bottom;
   tabArea_ = {0, bottom - ScaleY(kTabStripHeight), width, bottom};
   int top = page.top + ScaleY(kGap);
   if (width > bottom) {
-    int listWidth = (width - 3 * ScaleX(kMargin)) / 2;
+    int shared = width - 3 * ScaleX(kMargin);
+    int listWidth = std::clamp(ListWidthNeeded(), shared / 3, shared - ScaleX(kMinEditorWidth));
     listArea_ = {ScaleX(kMargin), top, ScaleX(kMargin) + listWidth, tabArea_.top - ScaleY(kGap)};
     editorArea_ = {listArea_.right + ScaleX(kMargin), top, width - ScaleX(kMargin), listArea_.bottom};
   } else {
@@ -136,6 +140,15 @@ void RowListPage::Layout() {
     editorArea_ = {ScaleX(kMargin), listArea_.bottom + ScaleY(kGap), width - ScaleX(kMargin),
                    tabArea_.top - ScaleY(kLineGap)};
   }
+}
+
+// Row names on one line, beside the scroll bar a long list shows.
+int RowListPage::ListWidthNeeded() const {
+  int widest = 0;
+  for (const RowTab& tab : tabs_)
+    for (const Row& row : tab.rows)
+      widest = std::max(widest, int(TextExtent(context().normalFont, Text(row.name).View()).cx));
+  return widest + ScaleX(kLabelMargins) + 2 * GetSystemMetrics(SM_CXBORDER) + GetSystemMetrics(SM_CXVSCROLL);
 }
 
 void RowListPage::CreateLists() {
@@ -176,21 +189,35 @@ void RowListPage::CreateEditors() {
   editors_ = {editor_.tip, editor_.caption, editor_.dropDown, editor_.check, editor_.text};
 }
 
-// Up and Down beside the list; the reset button below them where the area
-// is tall enough, else in a second column.
+// The order list below the row's name, which is all its tip says. The list
+// takes the full width with the buttons in rows below it where the area
+// is tall enough; else the buttons stand beside it, stacked, or in two
+// columns where the area is short.
 void RowListPage::CreateOrderEditor() {
   const RECT& area = editorArea_;
-  int top = area.top + ScaleY(kTipHeight) + ScaleY(kLineGap);
-  int buttonWidth = ScaleX(kOrderButtonWidth), height = ScaleY(kOrderButtonHeight), gap = ScaleX(kGap);
+  int width = area.right - area.left, gap = ScaleX(kGap), height = ScaleY(kOrderButtonHeight);
+  int top = area.top + OrderNameHeight() + ScaleY(kLineGap), listHeight = ScaleY(kOrderListHeight);
+  const unsigned texts[] = {kOrderUpText, kOrderDownText, kOrderResetText};
+  int buttonWidth = ScaleX(kOrderButtonWidth);
+  for (unsigned text : texts)
+    buttonWidth =
+        std::max(buttonWidth, int(TextExtent(context().normalFont, Text(text).View()).cx) + ScaleX(kLabelMargins));
   int step = height + ScaleY(kLineGap);
-  bool stacked = top + 3 * step <= area.bottom;
-  int columns = stacked ? 1 : 2;
-  int listWidth = std::min(ScaleX(kOrderListWidth), int(area.right - area.left) - columns * (buttonWidth + gap));
-  orderList_ = AddControl(WC_LISTVIEWW, L"", kListStyle, Box(area.left, top, listWidth, ScaleY(kOrderListHeight)),
+  int perRow = std::clamp((width + gap) / (buttonWidth + gap), 1, 3), rows = (3 + perRow - 1) / perRow;
+  bool below = top + listHeight + ScaleY(kLineGap) + rows * step <= area.bottom;
+  bool stacked = !below && top + 3 * step <= area.bottom;
+  int listWidth = below ? width : width - (stacked ? 1 : 2) * (buttonWidth + gap);
+  orderList_ = AddControl(WC_LISTVIEWW, L"", kListStyle, Box(area.left, top, listWidth, listHeight),
                           ids_.first + kOrderListId, context().normalFont);
   ListViewPrepare(orderList_);
-  int x = area.left + listWidth + gap;
-  const POINT places[] = {{x, top}, {x, top + step}, stacked ? POINT{x, top + 2 * step} : POINT{x + buttonWidth + gap, top}};
+  POINT places[3];
+  for (int i = 0; i < 3; ++i) {
+    int x = area.left + listWidth + gap;
+    if (below)
+      places[i] = {area.left + i % perRow * (buttonWidth + gap), top + listHeight + ScaleY(kLineGap) + i / perRow * step};
+    else if (stacked) places[i] = {x, top + i * step};
+    else places[i] = {x + (i / 2) * (buttonWidth + gap), top + (i % 2) * step};
+  }
   std::pair<HWND*, unsigned> buttons[] = {
       {&orderUp_, kOrderUpText}, {&orderDown_, kOrderDownText}, {&orderReset_, kOrderResetText}};
   for (int i = 0; i < 3; ++i)
@@ -200,32 +227,77 @@ void RowListPage::CreateOrderEditor() {
   editors_.insert(editors_.end(), {orderList_, orderUp_, orderDown_, orderReset_, editor_.numberCombo});
 }
 
+// The longest order row's name wrapped at the editors' width.
+int RowListPage::OrderNameHeight() const {
+  int height = ScaleY(kCaptionHeight);
+  for (const RowTab& tab : tabs_)
+    for (const Row& row : tab.rows)
+      if (row.editor == EditorKind::Order)
+        height = std::max(height, int(TextExtent(context().normalFont, Text(row.name).View(),
+                                                 editorArea_.right - editorArea_.left).cy));
+  return height;
+}
+
 // Each form is a column of captioned controls from the top of the page;
 // pages wider than high go on in a second column what the first cannot
-// hold, and then have both columns half as wide. A check list takes the
-// rows it has, or what room is left.
+// hold, and then share the width by what the columns hold: a check list
+// gets the width its longest entry needs where the other column can spare
+// it. A check list takes the rows it has, or what room is left.
 void RowListPage::CreateForms() {
   int id = ids_.first + kRowListIdCount;
   RECT page = PageArea();
   int top = page.top + ScaleY(kGap), bottom = tabArea_.top - ScaleY(kGap);
-  int half = (page.right - 3 * ScaleX(kMargin)) / 2;
+  int left = ScaleX(kMargin), right = page.right - ScaleX(kMargin);
+  int shared = page.right - 3 * ScaleX(kMargin), half = shared / 2;
   for (int tab = 0; tab < int(tabs_.size()); ++tab) {
-    std::vector<RECT> columns = {{ScaleX(kMargin), top, page.right - ScaleX(kMargin), bottom}};
-    int height = 0, fullWidth = columns[0].right - columns[0].left;
-    for (const Row& row : tabs_[tab].form) height += FormRowHeight(row, fullWidth) + ScaleY(kFormGap);
-    if (page.right > page.bottom && top + height - ScaleY(kFormGap) > bottom)
-      columns = {{ScaleX(kMargin), top, ScaleX(kMargin) + half, bottom},
-                 {page.right - ScaleX(kMargin) - half, top, page.right - ScaleX(kMargin), bottom}};
-    std::size_t column = 0;
-    for (const Row& row : tabs_[tab].form) {
-      int width = columns[column].right - columns[column].left;
-      if (columns[column].top + FormRowHeight(row, width) > bottom && column + 1 < columns.size()) ++column;
-      CreateFormRow(row, tab, columns[column], id);
+    std::span<const Row> rows = tabs_[tab].form;
+    std::vector<RECT> columns = {{left, top, right, bottom}};
+    int height = 0, fullWidth = right - left;
+    for (const Row& row : rows) height += FormRowHeight(row, fullWidth) + ScaleY(kFormGap);
+    if (page.right > page.bottom && top + height - ScaleY(kFormGap) > bottom) {
+      columns = {{left, top, left + half, bottom}, {right - half, top, right, bottom}};
+      std::vector<std::size_t> placed = FormColumns(rows, columns);
+      int needed[2] = {0, 0};
+      for (std::size_t i = 0; i < rows.size(); ++i)
+        needed[placed[i]] = std::max(needed[placed[i]], FormRowWidth(rows[i]));
+      int most = shared - shared / 3;
+      int leftWidth = needed[1] > half ? shared - std::min(needed[1], most)
+                      : needed[0] > half ? std::min(needed[0], most) : half;
+      columns = {{left, top, left + leftWidth, bottom}, {right - (shared - leftWidth), top, right, bottom}};
     }
+    std::vector<std::size_t> placed = FormColumns(rows, columns);
+    for (std::size_t i = 0; i < rows.size(); ++i) CreateFormRow(rows[i], tab, columns[placed[i]], id);
   }
   firstOwnId_ = id;
   for (const FormWindows& form : forms_) FillFormRow(form);
   ApplyEnableRules();
+}
+
+// Rows go down the first column and on in the next what it cannot hold.
+std::vector<std::size_t> RowListPage::FormColumns(std::span<const Row> rows, const std::vector<RECT>& columns) const {
+  std::vector<std::size_t> placed;
+  std::size_t column = 0;
+  int top = columns[0].top;
+  for (const Row& row : rows) {
+    int width = columns[column].right - columns[column].left;
+    if (top + FormRowHeight(row, width) > columns[column].bottom && column + 1 < columns.size()) {
+      top = columns[++column].top;
+      width = columns[column].right - columns[column].left;
+    }
+    placed.push_back(column);
+    top += FormRowHeight(row, width) + ScaleY(kFormGap);
+  }
+  return placed;
+}
+
+// The width a row needs to show every entry on one line; rows that wrap or
+// widen their open list need none of their own.
+int RowListPage::FormRowWidth(const Row& row) const {
+  if (row.editor != EditorKind::CheckList && row.editor != EditorKind::FlagList) return 0;
+  int widest = 0;
+  for (const CheckItem& item : row.items)
+    widest = std::max(widest, int(TextExtent(context().normalFont, Text(item.label).View()).cx));
+  return widest + ScaleX(kCheckImageWidth + kLabelMargins) + 2 * GetSystemMetrics(SM_CXBORDER);
 }
 
 void RowListPage::ApplyEnableRules() {
@@ -257,13 +329,9 @@ int RowListPage::FormRowHeight(const Row& row, int width) const {
 // it needs beside the box, as a German one does in a landscape column.
 int RowListPage::CheckHeight(const Row& row, int width) const {
   WideString text = Text(row.caption);
-  RECT needed = {0, 0, width - GetSystemMetrics(SM_CXMENUCHECK) - ScaleX(kCheckTextGap), 0};
-  HDC dc = GetDC(nullptr);
-  HGDIOBJ old = SelectObject(dc, context().normalFont);
-  DrawTextW(dc, AsWide(text.Text()), -1, &needed, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
-  SelectObject(dc, old);
-  ReleaseDC(nullptr, dc);
-  return std::max(ScaleY(kFormCheckHeight), int(needed.bottom) + 2 * ScaleY(kLineGap));
+  int needed = TextExtent(context().normalFont, text.View(),
+                          width - GetSystemMetrics(SM_CXMENUCHECK) - ScaleX(kCheckTextGap)).cy;
+  return std::max(ScaleY(kFormCheckHeight), needed + 2 * ScaleY(kLineGap));
 }
 
 void RowListPage::CreateFormRow(const Row& row, int tab, RECT& area, int& id) {
@@ -503,6 +571,21 @@ void RowListPage::Fill(int rowNumber, int tab) {
       break;
   }
   ShowEditor(editor_.tip, row->editor == EditorKind::Order ? row->name : row->tip);
+  FitTip(row->editor == EditorKind::Order ? OrderNameHeight() : ScaleY(kTipHeight));
+}
+
+// A tip takes the lines its wrapped text needs, a long German one more than
+// the usual three, and the editors follow below it.
+void RowListPage::FitTip(int least) {
+  const RECT& area = editorArea_;
+  int width = area.right - area.left;
+  int tip = std::max(least, int(TextExtent(context().normalFont, GetText(editor_.tip), width).cy));
+  int below = area.top + tip + ScaleY(kLineGap), field = below + ScaleY(kCaptionHeight) + ScaleY(kLineGap);
+  constexpr UINT kMoveOnly = SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
+  SetWindowPos(editor_.tip, nullptr, area.left, area.top, width, tip, SWP_NOZORDER | SWP_NOACTIVATE);
+  for (HWND editor : {editor_.caption, editor_.check}) SetWindowPos(editor, nullptr, area.left, below, 0, 0, kMoveOnly);
+  for (HWND editor : {editor_.dropDown, editor_.text, editor_.numberCombo})
+    SetWindowPos(editor, nullptr, area.left, field, 0, 0, kMoveOnly);
 }
 
 ChoiceContext RowListPage::Choosing() { return {locale_, PageToday(), context()}; }

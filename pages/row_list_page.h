@@ -294,6 +294,12 @@ class RowListPage : public SettingsPage {
 
   const Row* RowAt(int row, int tab) const;
   void Layout();
+  int ListWidthNeeded() const;
+  // Least: the tip's usual height, which the editors below it keep to.
+  void FitTip(int least);
+  int OrderNameHeight() const;
+  std::vector<std::size_t> FormColumns(std::span<const Row> rows, const std::vector<RECT>& columns) const;
+  int FormRowWidth(const Row& row) const;
   void CreateLists();
   void CreateEditors();
   void CreateOrderEditor();

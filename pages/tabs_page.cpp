@@ -106,7 +106,7 @@ TabsLayout LayOut(HWND window, HFONT font, std::u16string_view explanation) {
 
   int listTop = wide ? at.text.top : at.text.top + WrappedHeight(window, font, explanation, right - left) + gapY;
   int column = right - ScaleX(kColumnWidth);
-  at.list = {wide ? middle + gapX : left, listTop, column - gapX, at.line - gapY};
+  at.list = {wide ? middle : left, listTop, column - gapX, at.line - gapY};
   at.up = {column, listTop, right, listTop + buttonHeight};
   at.down = {column, at.up.bottom + gapY, right, at.up.bottom + gapY + buttonHeight};
 

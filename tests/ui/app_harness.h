@@ -92,9 +92,10 @@ class AppTest : public PlatformTest {
   // A tap on a tab of a page's strip: the strip announces the change, then the new tab.
   void TapTab(HWND strip, int tab);
   // The program started on each device screen (240 x 320, 320 x 240, 480 x
-  // 640 at 192 dpi), opened by `open`; then for each of `shots` states set
-  // by `show`, the layout is checked and the screen saved as
-  // <name>-<screen>-<shot>.bmp under the tests' screenshots folder.
+  // 640 at 192 dpi), in English and then in German, opened by `open`; then
+  // for each of `shots` states set by `show`, the layout is checked and the
+  // screen saved as <name>[-de]-<screen>-<shot>.bmp under the tests'
+  // screenshots folder.
   void CheckEveryScreen(const std::wstring& name, int shots, const std::function<void()>& open,
                         const std::function<void(int shot)>& show);
   // The layout check of the window as it is now, failures labelled.

@@ -114,16 +114,24 @@ void DialogTest::OnEveryScreen(int marker, const std::wstring& name, const std::
   ReleaseDC(nullptr, screen);
   std::vector<std::pair<const wchar_t*, int>> screens = {{L"480x640", dpi}};
   if (dpi < 192) screens = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
-  for (auto [size, density] : screens) {
-    UseScreen(size, density);
-    SCOPED_TRACE(::testing::PrintToString(std::wstring(size)));
-    Then(marker, [&](HWND dialog) {
-      CheckLayoutAndSave(dialog, name);
-      if (more) more(dialog);
-      TapMenuBar(dialog, IDM_CANCEL);
-    });
-    PlaySteps(open);
+  // In English, then in German, whose words run longer.
+  HMODULE english = language_, german = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LangRes\\CPDeuRc.dll");
+  ASSERT_NE(german, nullptr);
+  for (auto [language, suffix] : {std::pair{english, L""}, std::pair{german, L"-de"}}) {
+    language_ = language;
+    for (auto [size, density] : screens) {
+      UseScreen(size, density);
+      SCOPED_TRACE(::testing::PrintToString(std::wstring(size) + suffix));
+      Then(marker, [&](HWND dialog) {
+        CheckLayoutAndSave(dialog, name + suffix);
+        if (more) more(dialog);
+        TapMenuBar(dialog, IDM_CANCEL);
+      });
+      PlaySteps(open);
+    }
   }
+  language_ = english;
+  FreeLibrary(german);
 }
 
 void CheckLayoutAndSave(HWND dialog, const std::wstring& name) {

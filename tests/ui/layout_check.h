@@ -1,7 +1,9 @@
 // The layout rule every window and page keeps at every screen geometry:
 // each visible control lies inside its parent's client area, and no two
-// visible sibling controls overlap; labels and buttons of this process have
-// room for their text. Works across processes, so it also checks the running program.
+// visible sibling controls overlap; and every text a control of this process
+// shows has room for all its letters: labels and buttons, the selection and
+// entries of drop-downs, list-view items and headers, tab labels. Works
+// across processes (texts only in its own), so it also checks the running program.
 #pragma once
 
 #include <windows.h>

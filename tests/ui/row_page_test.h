@@ -148,18 +148,6 @@ class RowPageTest : public AppTest {
         EXPECT_EQ(Saved(row.items[item].field), item == 0 ? 0 : 1) << item;
     });
   }
-  // The layout check and screenshots on every screen in English, then in
-  // German, whose words run longer; the library is chosen in the registry
-  // as the General page leaves it. Shots in German are named <name>-de.
-  void CheckEveryScreenInBothLanguages(const std::wstring& name, int shots, const std::function<void()>& open,
-                                       const std::function<void(int shot)>& show) {
-    CheckEveryScreen(name, shots, open, show);
-    WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile",
-              u"\\Program Files\\Orvex\\Tidewell\\LangRes\\CPDeuRc.dll");
-    CheckEveryScreen(name + L"-de", shots, open, show);
-    // The prefix is the run script's too: it gets its language back.
-    registry().DeleteValue(ScopedKey(registry(), kCurrentUser, kProductKey, false).get(), u"SelectedLangResFile");
-  }
   // Stored values; one left at its default may be absent, and one whose
   // default the locale gives is then taken as the record's.
   template <typename Field>  // NumberField, ItemField or TextField

@@ -181,8 +181,6 @@ TEST_F(TabsTest, PageFitsEveryScreenInEnglishAndGerman) {
   };
   auto show = [&](int shot) { Choose(shot == 1 ? u"TwTest Clock" : u"Special Events"); };
   CheckEveryScreen(L"tabs", 2, open, show);
-  PutText(kProductKey, u"SelectedLangResFile", Settings().InstallFolder.Str() + u"\\LangRes\\CPDeuRc.dll");
-  CheckEveryScreen(L"tabs-de", 2, open, show);
 }
 
 class PluginChooserTest : public DialogTest {};
@@ -192,8 +190,6 @@ TEST_F(PluginChooserTest, FitsEveryScreenInEnglishAndGerman) {
   std::u16string chosen;
   auto open = [&] { ChoosePlugin(owner_, resources_, language_, registry, chosen); };
   OnEveryScreen(IDC_PLUGIN_LIST, L"plugin-chooser", open);
-  language_ = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LangRes\\CPDeuRc.dll");
-  OnEveryScreen(IDC_PLUGIN_LIST, L"plugin-chooser-de", open);
 }
 
 }  // namespace
