@@ -107,7 +107,7 @@ RowListPage::RowListPage(const PageContext& context, std::span<const RowTab> tab
   tabStrip_ = AddControl(WC_TABCONTROLW, L"", WS_CLIPSIBLINGS | TCS_BOTTOM, tabArea_, ids_.first + kTabStripId,
                          context.normalFont);
   for (const RowTab& tab : tabs_) TabAdd(tabStrip_, Text(tab.label).View());
-  CreateLists();
+  lists_.assign(tabs_.size(), nullptr);
   if (AnyRows(tabs_)) {
     CreateEditors();
     CreateOrderEditor();
@@ -138,18 +138,17 @@ void RowListPage::Layout() {
   }
 }
 
-void RowListPage::CreateLists() {
-  for (std::size_t tab = 0; tab < tabs_.size(); ++tab) {
-    if (tabs_[tab].rows.empty()) {
-      lists_.push_back(nullptr);
-      continue;
-    }
-    HWND list = AddControl(WC_LISTVIEWW, L"", kListStyle, listArea_, ids_.first + kFirstListId + int(tab),
-                           context().normalFont);
-    ListViewPrepare(list);
-    for (const Row& row : tabs_[tab].rows) ListViewAddRow(list, Text(row.name).View());
-    lists_.push_back(list);
-  }
+// A tab's list is made when the tab is first shown: most tabs never are,
+// and each list costs the page's first open its window and its rows.
+HWND RowListPage::ShownList(int tab) {
+  if (tab < 0 || tab >= int(tabs_.size()) || tabs_[tab].rows.empty()) return nullptr;
+  if (lists_[tab] != nullptr) return lists_[tab];
+  HWND list = AddControl(WC_LISTVIEWW, L"", kListStyle, listArea_, ids_.first + kFirstListId + tab,
+                         context().normalFont);
+  ListViewPrepare(list);
+  for (const Row& row : tabs_[tab].rows) ListViewAddRow(list, Text(row.name).View());
+  lists_[tab] = list;
+  return list;
 }
 
 void RowListPage::CreateEditors() {
@@ -420,17 +419,18 @@ void RowListPage::Show(int showCommand, bool) {
 // Hiding stores the shown row and leaves the list without a selection, so
 // coming back shows the list with no editor.
 void RowListPage::ShowTab(int tab, int showCommand) {
-  HWND list = List(tab);
+  HWND list = showCommand == 0 ? List(tab) : ShownList(tab);
   if (showCommand == 0 && list != nullptr) {
     StoreShownRow(tab);
     quiet_ = true;
     ListViewSelect(list, -1);
     quiet_ = false;
   }
+  bool listed = tab >= 0 && tab < int(tabs_.size()) && !tabs_[tab].rows.empty();
   if (list != nullptr) {
     ShowWindow(list, showCommand);
     SetWindowPos(list, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-  } else {
+  } else if (!listed) {
     for (const FormWindows& form : forms_)
       if (form.tab == tab)
         for (HWND window : {form.caption, form.control, form.button})

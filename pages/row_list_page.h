@@ -294,7 +294,7 @@ class RowListPage : public SettingsPage {
 
   const Row* RowAt(int row, int tab) const;
   void Layout();
-  void CreateLists();
+  HWND ShownList(int tab);
   void CreateEditors();
   void CreateOrderEditor();
   void CreateForms();
@@ -323,7 +323,7 @@ class RowListPage : public SettingsPage {
   ControlIdRange ids_;
   Win32Locale locale_;
   HWND tabStrip_ = nullptr;
-  std::vector<HWND> lists_;  // null for a tab of the page's own
+  std::vector<HWND> lists_;  // null for a tab of the page's own and for one not shown yet
   Editors editor_ = {};
   std::vector<HWND> editors_;  // every row editor, for hiding them all
   std::vector<FormWindows> forms_;
