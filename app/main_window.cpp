@@ -77,6 +77,9 @@ void ReadSkinAfterSettings(SettingsStore& store, FileSystem& files) {
 }
 
 LRESULT OnCreate(HWND window) {
+  // A process's first window brings up Wine's display driver: kept apart
+  // from the settings load in the trace.
+  trace::Step("window creation");
   ShellState& shell = Shell();
   shell.mainWindow = window;
   for (auto& slot : shell.slots) slot.reset();

@@ -138,7 +138,7 @@ TEST_F(ProgramTest, StartUpTraceListsEveryStepOnlyWhenAskedFor) {
   DeleteFileW(trace.c_str());
 
   const std::vector<std::string> expected = {
-      "WinMain", "window class", "settings", "skin", "picture library", "language library", "menu bar",
+      "WinMain", "window class", "window creation", "settings", "skin", "picture library", "language library", "menu bar",
       "preview images and fonts", "category list and filter file", "page selector", "category views",
       "title strip", "start page", "first paint"};
   std::vector<std::string> names;
