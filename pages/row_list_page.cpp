@@ -74,10 +74,6 @@ std::int32_t TypedNumber(std::u16string text) {
   return static_cast<std::int32_t>(std::wcstol(wide.c_str(), nullptr, 0));
 }
 
-bool AnyRows(std::span<const RowTab> tabs) {
-  return std::any_of(tabs.begin(), tabs.end(), [](const RowTab& tab) { return !tab.rows.empty(); });
-}
-
 }  // namespace
 
 CalendarDate PageToday() {
@@ -108,10 +104,6 @@ RowListPage::RowListPage(const PageContext& context, std::span<const RowTab> tab
                          context.normalFont);
   for (const RowTab& tab : tabs_) TabAdd(tabStrip_, Text(tab.label).View());
   lists_.assign(tabs_.size(), nullptr);
-  if (AnyRows(tabs_)) {
-    CreateEditors();
-    CreateOrderEditor();
-  }
   CreateForms();
 }
 
@@ -149,6 +141,14 @@ HWND RowListPage::ShownList(int tab) {
   for (const Row& row : tabs_[tab].rows) ListViewAddRow(list, Text(row.name).View());
   lists_[tab] = list;
   return list;
+}
+
+// The editors show a selected row: a page first opened shows none, and
+// many are closed again before a row is tapped.
+void RowListPage::MakeEditors() {
+  if (!editors_.empty()) return;
+  CreateEditors();
+  CreateOrderEditor();
 }
 
 void RowListPage::CreateEditors() {
@@ -462,6 +462,7 @@ void RowListPage::ShowEditor(HWND editor, unsigned text) {
 void RowListPage::Fill(int rowNumber, int tab) {
   const Row* row = RowAt(rowNumber, tab);
   if (row == nullptr) return;
+  MakeEditors();
   ComboClear(editor_.dropDown);
   ComboClear(editor_.numberCombo);
   HideEditors();
@@ -549,7 +550,8 @@ void RowListPage::FillTextChoices(const Row& row) {
 // A drop-down left without a selection keeps the setting as it was.
 void RowListPage::Store(int rowNumber, int tab) {
   const Row* row = RowAt(rowNumber, tab);
-  if (row == nullptr) return;
+  // Editors not made yet were never filled: they hold nothing to store.
+  if (row == nullptr || editors_.empty()) return;
   SettingsStore& record = settings();
   switch (row->editor) {
     case EditorKind::DropDown: {

@@ -295,6 +295,7 @@ class RowListPage : public SettingsPage {
   const Row* RowAt(int row, int tab) const;
   void Layout();
   HWND ShownList(int tab);
+  void MakeEditors();
   void CreateEditors();
   void CreateOrderEditor();
   void CreateForms();
