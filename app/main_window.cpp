@@ -7,8 +7,10 @@
 #include "app/shell.h"
 #include "base/scaling.h"
 #include "data/categories.h"
+#include "data/skin.h"
 #include "pages/common_controls.h"
 #include "platform/win32/device.h"
+#include "platform/win32/startup_trace.h"
 #include "data/win32/skin_image.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
@@ -66,27 +68,47 @@ void CreatePageSelector(HWND window) {
   }
 }
 
+// The skin is read last in the settings load; for the start-up trace the
+// settings step ends where the skin begins.
+void ReadSkinAfterSettings(SettingsStore& store, FileSystem& files) {
+  trace::Step("settings");
+  ReadSelectedSkin(store, files);
+  trace::Step("skin");
+}
+
 LRESULT OnCreate(HWND window) {
+  // A process's first window brings up Wine's display driver: kept apart
+  // from the settings load in the trace.
+  trace::Step("window creation");
   ShellState& shell = Shell();
   shell.mainWindow = window;
   for (auto& slot : shell.slots) slot.reset();
-  LoadSettings(Settings(), Platform().Environment());
+  SettingsEnvironment environment = Platform().Environment();
+  environment.readSkin = ReadSkinAfterSettings;
+  LoadSettings(Settings(), environment);
   shell.pictures = LoadProductLibrary(LowDensity() ? L"LowDpiRes.dll" : L"HighDpiRes.dll");
+  trace::Step("picture library");
   LoadLanguageLibrary();
+  trace::Step("language library");
   CreateMenuBar(window);
+  trace::Step("menu bar");
   PreviewImages().Load(shell.pictures, false, Settings().skin.folder.View(), nullptr);
   shell.normalFont = CreatePageFont(0);
   shell.boldFont = CreatePageFont(700);
+  trace::Step("preview images and fonts");
   // The category list and the filter panel are read now; their views,
   // slots 10 and 11, are made below once the selector is in place.
   LoadCategories(Categories(), Platform().Categories(), Settings().TWIconsFolder.View(),
                  Settings().TWFiltersFileFolder.View());
+  trace::Step("category list and filter file");
   CreatePageSelector(window);
+  trace::Step("page selector");
   GetWindowRect(window, &shell.windowRect);
   GetClientRect(window, &shell.clientRect);
   shell.categoryList = std::make_unique<CategoryListView>(MakePageContext(), Categories(), Platform().Categories(),
                                                            shell.pictures);
   shell.filterPanel = std::make_unique<FilterPanel>(MakePageContext(), Categories());
+  trace::Step("category views");
   return 0;
 }
 

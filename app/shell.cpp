@@ -30,7 +30,14 @@ ShellPlatform& Platform() {
   return platform;
 }
 
-SettingsEnvironment ShellPlatform::Environment() { return {registry, locale, files, gScreen.dpiX, ReadSelectedSkin}; }
+SettingsEnvironment ShellPlatform::Environment() {
+  return {ActiveRegistry(), locale, files, gScreen.dpiX, ReadSelectedSkin};
+}
+
+Registry& ShellPlatform::ActiveRegistry() {
+  if (trace::On()) return tracedRegistry;
+  return registry;
+}
 
 PreviewFontCache& PreviewFonts() {
   static PreviewFontCache cache(Settings());

@@ -20,6 +20,7 @@
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_locale.h"
 #include "platform/win32/win32_registry.h"
+#include "platform/win32/startup_trace.h"
 #include "resources/string_ids.h"
 #include "settings/settings_io.h"
 #include "settings/settings_store.h"
@@ -55,6 +56,7 @@ CategoryData& Categories();
 // The real platform behind the record and the lists.
 struct ShellPlatform {
   Win32Registry registry;
+  trace::TracedRegistry tracedRegistry{registry};
   Win32Locale locale;
   Win32FileSystem files;
   Win32ObjectStore database;
@@ -62,7 +64,9 @@ struct ShellPlatform {
 
   // The settings load and save on the window's screen, with the skin reader.
   SettingsEnvironment Environment();
-  CategoryPlatform Categories() { return {registry, locale, files, database, bitmaps}; }
+  CategoryPlatform Categories() { return {ActiveRegistry(), locale, files, database, bitmaps}; }
+  // The registry counted by the start-up trace when it is on.
+  Registry& ActiveRegistry();
 };
 ShellPlatform& Platform();
 

@@ -5,6 +5,7 @@
 #include "app/shell.h"
 #include "base/scaling.h"
 #include "platform/win32/device.h"
+#include "platform/win32/startup_trace.h"
 #include "resources/resource_ids.h"
 
 namespace tw {
@@ -44,6 +45,20 @@ void FitAboveMenuBar(HWND window) {
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOREDRAW | SWP_NOACTIVATE);
 }
 
+BOOL CALLBACK CountWindow(HWND, LPARAM count) {
+  ++*reinterpret_cast<int*>(count);
+  return TRUE;
+}
+
+void TraceStartPage(HWND window) {
+  if (!trace::On()) return;
+  int controls = 0;
+  EnumChildWindows(window, CountWindow, reinterpret_cast<LPARAM>(&controls));
+  char note[64];
+  wsprintfA(note, "%d child windows", controls);
+  trace::Step("start page", note);
+}
+
 }  // namespace
 
 int StartPageFor(const wchar_t* commandLine) {
@@ -70,19 +85,25 @@ HWND InitInstance(HINSTANCE instance, int startPage, int showCommand) {
   shell.currentPage = startPage;
 
   RegisterMainClass(instance, className);
+  trace::Step("window class");
   HWND window = device::CreateFullScreenWindow(device::kExCaptionOkButton, className, title, kMainWindowStyle,
                                                instance, nullptr);
   if (window == nullptr) return nullptr;
   FitAboveMenuBar(window);
+  trace::Step("title strip");
 
   SendMessageW(shell.selector, CB_SETCURSEL, startPage, 0);
   ShowPage(startPage, SW_SHOW);
+  TraceStartPage(window);
   ShowWindow(window, showCommand);
   UpdateWindow(window);
+  trace::Step("first paint");
+  trace::Finish();
   return window;
 }
 
 int RunSettingsProgram(HINSTANCE instance, const wchar_t* commandLine, int showCommand) {
+  trace::Start();
   device::EnterDeviceFileSystem();
   int startPage = StartPageFor(commandLine);
   HWND window = InitInstance(instance, startPage, showCommand);

@@ -5,6 +5,7 @@
 
 #include "base/scaling.h"
 #include "controls/colour_picker.h"
+#include "platform/win32/startup_trace.h"
 #include "platform/win32/wide.h"
 
 namespace tw {
@@ -13,6 +14,7 @@ namespace {
 constexpr int kMaxItemText = 260;
 
 bool RegisterCommonControls() {
+  trace::Timed timed(trace::kCommonControlsTally);
   HMODULE library = LoadLibraryW(L"comctl32.dll");
   if (library == nullptr) return false;
   using InitProc = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);

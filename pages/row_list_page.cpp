@@ -76,10 +76,6 @@ std::int32_t TypedNumber(std::u16string text) {
   return static_cast<std::int32_t>(std::wcstol(wide.c_str(), nullptr, 0));
 }
 
-bool AnyRows(std::span<const RowTab> tabs) {
-  return std::any_of(tabs.begin(), tabs.end(), [](const RowTab& tab) { return !tab.rows.empty(); });
-}
-
 }  // namespace
 
 CalendarDate PageToday() {
@@ -109,11 +105,7 @@ RowListPage::RowListPage(const PageContext& context, std::span<const RowTab> tab
   tabStrip_ = AddControl(WC_TABCONTROLW, L"", WS_CLIPSIBLINGS | TCS_BOTTOM, tabArea_, ids_.first + kTabStripId,
                          context.normalFont);
   for (const RowTab& tab : tabs_) TabAdd(tabStrip_, Text(tab.label).View());
-  CreateLists();
-  if (AnyRows(tabs_)) {
-    CreateEditors();
-    CreateOrderEditor();
-  }
+  lists_.assign(tabs_.size(), nullptr);
   CreateForms();
 }
 
@@ -151,18 +143,25 @@ int RowListPage::ListWidthNeeded() const {
   return widest + ScaleX(kLabelMargins) + 2 * GetSystemMetrics(SM_CXBORDER) + GetSystemMetrics(SM_CXVSCROLL);
 }
 
-void RowListPage::CreateLists() {
-  for (std::size_t tab = 0; tab < tabs_.size(); ++tab) {
-    if (tabs_[tab].rows.empty()) {
-      lists_.push_back(nullptr);
-      continue;
-    }
-    HWND list = AddControl(WC_LISTVIEWW, L"", kListStyle, listArea_, ids_.first + kFirstListId + int(tab),
-                           context().normalFont);
-    ListViewPrepare(list);
-    for (const Row& row : tabs_[tab].rows) ListViewAddRow(list, Text(row.name).View());
-    lists_.push_back(list);
-  }
+// A tab's list is made when the tab is first shown: most tabs never are,
+// and each list costs the page's first open its window and its rows.
+HWND RowListPage::ShownList(int tab) {
+  if (tab < 0 || tab >= int(tabs_.size()) || tabs_[tab].rows.empty()) return nullptr;
+  if (lists_[tab] != nullptr) return lists_[tab];
+  HWND list = AddControl(WC_LISTVIEWW, L"", kListStyle, listArea_, ids_.first + kFirstListId + tab,
+                         context().normalFont);
+  ListViewPrepare(list);
+  for (const Row& row : tabs_[tab].rows) ListViewAddRow(list, Text(row.name).View());
+  lists_[tab] = list;
+  return list;
+}
+
+// The editors show a selected row: a page first opened shows none, and
+// many are closed again before a row is tapped.
+void RowListPage::MakeEditors() {
+  if (!editors_.empty()) return;
+  CreateEditors();
+  CreateOrderEditor();
 }
 
 void RowListPage::CreateEditors() {
@@ -488,17 +487,18 @@ void RowListPage::Show(int showCommand, bool) {
 // Hiding stores the shown row and leaves the list without a selection, so
 // coming back shows the list with no editor.
 void RowListPage::ShowTab(int tab, int showCommand) {
-  HWND list = List(tab);
+  HWND list = showCommand == 0 ? List(tab) : ShownList(tab);
   if (showCommand == 0 && list != nullptr) {
     StoreShownRow(tab);
     quiet_ = true;
     ListViewSelect(list, -1);
     quiet_ = false;
   }
+  bool listed = tab >= 0 && tab < int(tabs_.size()) && !tabs_[tab].rows.empty();
   if (list != nullptr) {
     ShowWindow(list, showCommand);
     SetWindowPos(list, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-  } else {
+  } else if (!listed) {
     for (const FormWindows& form : forms_)
       if (form.tab == tab)
         for (HWND window : {form.caption, form.control, form.button})
@@ -530,6 +530,7 @@ void RowListPage::ShowEditor(HWND editor, unsigned text) {
 void RowListPage::Fill(int rowNumber, int tab) {
   const Row* row = RowAt(rowNumber, tab);
   if (row == nullptr) return;
+  MakeEditors();
   ComboClear(editor_.dropDown);
   ComboClear(editor_.numberCombo);
   HideEditors();
@@ -632,7 +633,8 @@ void RowListPage::FillTextChoices(const Row& row) {
 // A drop-down left without a selection keeps the setting as it was.
 void RowListPage::Store(int rowNumber, int tab) {
   const Row* row = RowAt(rowNumber, tab);
-  if (row == nullptr) return;
+  // Editors not made yet were never filled: they hold nothing to store.
+  if (row == nullptr || editors_.empty()) return;
   SettingsStore& record = settings();
   switch (row->editor) {
     case EditorKind::DropDown: {

@@ -300,7 +300,8 @@ class RowListPage : public SettingsPage {
   int OrderNameHeight() const;
   std::vector<std::size_t> FormColumns(std::span<const Row> rows, const std::vector<RECT>& columns) const;
   int FormRowWidth(const Row& row) const;
-  void CreateLists();
+  HWND ShownList(int tab);
+  void MakeEditors();
   void CreateEditors();
   void CreateOrderEditor();
   void CreateForms();
@@ -329,7 +330,7 @@ class RowListPage : public SettingsPage {
   ControlIdRange ids_;
   Win32Locale locale_;
   HWND tabStrip_ = nullptr;
-  std::vector<HWND> lists_;  // null for a tab of the page's own
+  std::vector<HWND> lists_;  // null for a tab of the page's own and for one not shown yet
   Editors editor_ = {};
   std::vector<HWND> editors_;  // every row editor, for hiding them all
   std::vector<FormWindows> forms_;

@@ -203,10 +203,8 @@ void LoadSettings(SettingsStore& store, const SettingsEnvironment& environment) 
   LoadInstallFolders(store, registry);
   LoadVendorFolders(store, registry, kAgendaFusion);
   LoadVendorFolders(store, registry, kPocketInformant);
-  for (const KeySpec* key : ProductKeys()) {
-    LoadKey(*key, store, listed);
-    if (key == &kMainKey && listed.readSkin != nullptr) listed.readSkin(store, listed.files);
-  }
+  for (const KeySpec* key : ProductKeys()) LoadKey(*key, store, listed);
+  if (listed.readSkin != nullptr) listed.readSkin(store, listed.files);
 }
 
 void SaveSettings(SettingsStore& store, const SettingsEnvironment& environment) {

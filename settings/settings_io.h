@@ -23,7 +23,7 @@ struct SettingsEnvironment {
   FileSystem& files;
   // The screen's horizontal dots per inch: scaled defaults depend on it.
   int dpi = 96;
-  // Called once the main key is loaded; without it the skin is left as it is.
+  // Called once every key is loaded; without it the skin is left as it is.
   SkinReader readSkin = nullptr;
 };
 

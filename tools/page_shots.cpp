@@ -21,40 +21,8 @@ constexpr DWORD kIdleTimeoutMs = 10000;
 // returns; a capture taken at once can miss the last strokes.
 constexpr DWORD kSettleMs = 250;
 
-struct SelectorQuery {
-  HWND main;
-  int pages;
-  HWND found;
-};
-
-bool IsPageSelector(HWND combo, int pages) {
-  if (SendMessageW(combo, CB_GETCOUNT, 0, 0) != pages) return false;
-  for (int i = 0; i < pages; ++i)
-    if (SendMessageW(combo, CB_GETITEMDATA, i, 0) != i) return false;
-  return true;
-}
-
-BOOL CALLBACK FindSelectorChild(HWND child, LPARAM data) {
-  auto* query = reinterpret_cast<SelectorQuery*>(data);
-  wchar_t name[32];
-  if (GetParent(child) != query->main || GetClassNameW(child, name, 32) == 0 || lstrcmpiW(name, L"ComboBox") != 0)
-    return TRUE;
-  if (!IsPageSelector(child, query->pages)) return TRUE;
-  query->found = child;
-  return FALSE;
-}
-
-// The selector is the main window's own drop-down whose entries carry their
-// page numbers; pages may hold drop-downs of their own.
-HWND FindPageSelector(HWND main, int pages) {
-  SelectorQuery query{main, pages, nullptr};
-  EnumChildWindows(main, FindSelectorChild, reinterpret_cast<LPARAM>(&query));
-  return query.found;
-}
-
 void ShowPage(HWND main, HWND selector, int page) {
-  SendMessageW(selector, CB_SETCURSEL, page, 0);
-  SendMessageW(main, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(selector), CBN_SELCHANGE), reinterpret_cast<LPARAM>(selector));
+  tw::tools::SelectPage(main, selector, page);
   RedrawWindow(main, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 
@@ -103,7 +71,7 @@ int wmain(int argc, wchar_t** argv) {
     Sleep(100);
     tw::tools::WaitIdle(program.main, kIdleTimeoutMs);
   }
-  HWND selector = FindPageSelector(program.main, pages);
+  HWND selector = tw::tools::FindPageSelector(program.main, pages);
   if (!selector) {
     tw::tools::CloseProgram(program, IDM_CANCEL, 5000);
     return Fail("no page selector with the expected entries");

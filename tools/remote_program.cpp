@@ -126,6 +126,44 @@ DWORD CloseProgram(RemoteProgram& program, WORD cancelCommand, DWORD timeoutMs) 
   return Release(program);
 }
 
+namespace {
+
+struct SelectorQuery {
+  HWND main;
+  int pages;
+  HWND found;
+};
+
+bool IsPageSelector(HWND combo, int pages) {
+  if (SendMessageW(combo, CB_GETCOUNT, 0, 0) != pages) return false;
+  for (int i = 0; i < pages; ++i)
+    if (SendMessageW(combo, CB_GETITEMDATA, i, 0) != i) return false;
+  return true;
+}
+
+BOOL CALLBACK FindSelectorChild(HWND child, LPARAM data) {
+  auto* query = reinterpret_cast<SelectorQuery*>(data);
+  wchar_t name[32];
+  if (GetParent(child) != query->main || GetClassNameW(child, name, 32) == 0 || lstrcmpiW(name, L"ComboBox") != 0)
+    return TRUE;
+  if (!IsPageSelector(child, query->pages)) return TRUE;
+  query->found = child;
+  return FALSE;
+}
+
+}  // namespace
+
+HWND FindPageSelector(HWND main, int pages) {
+  SelectorQuery query{main, pages, nullptr};
+  EnumChildWindows(main, FindSelectorChild, reinterpret_cast<LPARAM>(&query));
+  return query.found;
+}
+
+void SelectPage(HWND main, HWND selector, int page) {
+  SendMessageW(selector, CB_SETCURSEL, page, 0);
+  SendMessageW(main, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(selector), CBN_SELCHANGE), reinterpret_cast<LPARAM>(selector));
+}
+
 DWORD KillProgram(RemoteProgram& program) {
   TerminateProcess(program.process.hProcess, 1);
   return Release(program);

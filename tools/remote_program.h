@@ -39,6 +39,14 @@ int DismissMessageBoxes(DWORD processId);
 // end; a program that does not end in time is terminated. Returns its exit code.
 DWORD CloseProgram(RemoteProgram& program, WORD cancelCommand, DWORD timeoutMs);
 
+// The page selector: the main window's own drop-down whose entries carry
+// their page numbers (pages may hold drop-downs of their own), or null.
+HWND FindPageSelector(HWND main, int pages);
+
+// Selects a page as a tap on the selector would; returns once the program
+// has switched, before the children it made have painted.
+void SelectPage(HWND main, HWND selector, int page);
+
 // Ends the program at once and waits for it.
 DWORD KillProgram(RemoteProgram& program);
 

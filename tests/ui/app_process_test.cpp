@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -12,6 +14,7 @@
 #include "settings/schema.h"
 #include "tests/ui/app_harness.h"
 #include "tests/ui/layout_check.h"
+#include "tools/remote_program.h"
 
 #ifndef TW_PROGRAM
 #error "the build names the program"
@@ -72,6 +75,94 @@ TEST_F(ProgramTest, SecondInstanceBringsTheFirstForward) {
   EXPECT_TRUE(WaitFor([&] { return GetForegroundWindow() == window; })) << "the first comes to the front";
   EXPECT_EQ(SelectedPage(window), kFirstPage) << "and keeps its page";
   DestroyWindow(other);
+}
+
+std::set<std::wstring> FilesIn(const std::wstring& folder) {
+  std::set<std::wstring> names;
+  WIN32_FIND_DATAW found;
+  HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return names;
+  do names.insert(found.cFileName);
+  while (FindNextFileW(search, &found));
+  FindClose(search);
+  return names;
+}
+
+std::string FileText(const std::wstring& path) {
+  std::string text;
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                            nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return text;
+  char buffer[4096];
+  DWORD read = 0;
+  while (ReadFile(file, buffer, sizeof buffer, &read, nullptr) && read > 0) text.append(buffer, read);
+  CloseHandle(file);
+  return text;
+}
+
+std::wstring TempFolder() {
+  wchar_t folder[MAX_PATH] = {};
+  GetTempPathW(MAX_PATH, folder);
+  std::wstring path = folder;
+  if (!path.empty() && path.back() == L'\\') path.pop_back();
+  return path;
+}
+
+// The start-up breakdown names every step in the order the program takes
+// them, each ending no earlier than the one before; without the switch the
+// program writes nothing where a trace could land.
+TEST_F(ProgramTest, StartUpTraceListsEveryStepOnlyWhenAskedFor) {
+  const std::wstring temp = TempFolder();
+  const std::wstring trace = temp + L"\\tw-startup-trace.txt";
+  DeleteFileW(trace.c_str());
+  SetEnvironmentVariableW(L"TIDEWELL_SCREEN", L"240x320");
+  std::set<std::wstring> tempBefore = FilesIn(temp), rootBefore = FilesIn(L"C:");
+  {
+    SetEnvironmentVariableW(L"TIDEWELL_TRACE", L"");
+    Program plain(L"");
+    HWND window = WaitForMainWindow();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(tools::WaitIdle(window, 10000));
+  }
+  EXPECT_EQ(FilesIn(temp), tempBefore) << "no trace without the switch";
+  EXPECT_EQ(FilesIn(L"C:"), rootBefore);
+
+  SetEnvironmentVariableW(L"TIDEWELL_TRACE", trace.c_str());
+  Program traced(L"");
+  SetEnvironmentVariableW(L"TIDEWELL_TRACE", nullptr);
+  std::string text;
+  WaitFor([&] {
+    text = FileText(trace);
+    return text.find("first paint") != std::string::npos;
+  }, 20000);
+  DeleteFileW(trace.c_str());
+
+  const std::vector<std::string> expected = {
+      "WinMain", "window class", "window creation", "settings", "skin", "picture library", "language library", "menu bar",
+      "preview images and fonts", "category list and filter file", "page selector", "category views",
+      "title strip", "start page", "first paint"};
+  std::vector<std::string> names;
+  double previousEnd = 0;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream fields(line);
+    std::string name, rest;
+    double end = -1, own = -1;
+    std::getline(fields, name, '\t');
+    fields >> end >> own;
+    std::getline(fields, rest);
+    names.push_back(name);
+    EXPECT_GE(own, 0) << line;
+    EXPECT_GE(end, previousEnd) << line;
+    previousEnd = end;
+    if (name == "settings") {
+      EXPECT_NE(rest.find("registry"), std::string::npos) << "calls counted: " << line;
+    }
+    if (name == "start page") {
+      EXPECT_NE(rest.find("child windows"), std::string::npos) << line;
+    }
+  }
+  EXPECT_EQ(names, expected);
 }
 
 class GeometryTest : public AppTest {
