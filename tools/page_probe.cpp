@@ -51,12 +51,6 @@ double OpenPage(HWND main, HWND selector, int page) {
   return WaitPainted(main, start) ? Now() - start : -1;
 }
 
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  size_t n = values.size();
-  return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
-
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
@@ -97,7 +91,7 @@ int wmain(int argc, wchar_t** argv) {
     for (int i = 0; i < 2; ++i) times[i].push_back(opened[i]);
     Sleep(200);
   }
-  double page = Median(times[0]), baseline = Median(times[1]);
+  double page = tw::tools::Median(times[0]), baseline = tw::tools::Median(times[1]);
   std::printf("median page %d %.1f ms (%.1f to %.1f)\nmedian page %d %.1f ms (%.1f to %.1f)\nratio %.2f\n", pages[0],
               page, *std::min_element(times[0].begin(), times[0].end()),
               *std::max_element(times[0].begin(), times[0].end()), pages[1], baseline,

@@ -1,5 +1,6 @@
 #include "tools/remote_program.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace tw::tools {
@@ -167,6 +168,12 @@ void SelectPage(HWND main, HWND selector, int page) {
 DWORD KillProgram(RemoteProgram& program) {
   TerminateProcess(program.process.hProcess, 1);
   return Release(program);
+}
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  size_t n = values.size();
+  return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
 }
 
 }  // namespace tw::tools

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace tw::tools {
 
@@ -49,5 +50,8 @@ void SelectPage(HWND main, HWND selector, int page);
 
 // Ends the program at once and waits for it.
 DWORD KillProgram(RemoteProgram& program);
+
+// The middle of the timed runs (the mean of the two middle ones for an even count).
+double Median(std::vector<double> values);
 
 }  // namespace tw::tools

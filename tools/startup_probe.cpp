@@ -57,12 +57,6 @@ double MeasureOnce(const Subject& subject, LARGE_INTEGER frequency) {
   return elapsed;
 }
 
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  size_t n = values.size();
-  return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
-
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
@@ -96,8 +90,8 @@ int wmain(int argc, wchar_t** argv) {
       Sleep(200);
     }
   }
-  double program = Median(subjects[0].times);
-  double blank = Median(subjects[1].times);
+  double program = tw::tools::Median(subjects[0].times);
+  double blank = tw::tools::Median(subjects[1].times);
   // The fastest runs show the cost without the noise of a busy machine.
   double programBest = *std::min_element(subjects[0].times.begin(), subjects[0].times.end());
   double blankBest = *std::min_element(subjects[1].times.begin(), subjects[1].times.end());
