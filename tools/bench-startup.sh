@@ -24,34 +24,11 @@ fi
 cmake --build "$build" -j"${JOBS:-2}" --target "${program_target%:}" tw_libraries startup_probe page_probe blank_window
 prefix=${TIDEWELL_PREFIX:-$top/build/wineprefix}
 
-xvfb_pid=
-if [ -z "${DISPLAY:-}" ]; then
-  number=90
-  while [ -e "/tmp/.X$number-lock" ]; do number=$((number + 1)); done
-  display=:$number
-  Xvfb "$display" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
-  xvfb_pid=$!
-  export DISPLAY=$display
-  sleep 1
-fi
-finish() {
-  if [ -n "$xvfb_pid" ]; then
-    wineserver -k >/dev/null 2>&1 || true
-    kill "$xvfb_pid" 2>/dev/null || true
-  fi
-}
-trap finish EXIT
-
-bash tools/install.sh "$prefix" "$build" >/dev/null
-# shellcheck source=tools/wine-prefix.sh
-source tools/wine-prefix.sh "$prefix"
+# shellcheck source=tools/bench-prefix.sh
+source tools/bench-prefix.sh "$prefix" "$build"
 # The baseline lies on drive C too, so both programs load from the same disk.
 mkdir -p "$prefix/drive_c/bench"
 cp "$build/tools/blank_window.exe" "$prefix/drive_c/bench/"
-"$WINE" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d 96 /f >/dev/null 2>&1
-# A returning user: the first-run greeting would hold the first paint until
-# someone answers it.
-"$WINE" reg add 'HKCU\Software\Orvex\Tidewell' /v FirstTimeSettingsMsg /t REG_DWORD /d 1 /f >/dev/null 2>&1
 
 mkdir -p build/bench
 TIDEWELL_SCREEN=240x320 "$WINE" "$build/tools/startup_probe.exe" "$runs" \

@@ -17,31 +17,14 @@ cmake --preset mingw -B "$build" >/dev/null
 cmake --build "$build" -j"${JOBS:-2}" --target TidewellSettings tw_libraries
 prefix=${TIDEWELL_PREFIX:-$top/build/wineprefix}
 
-xvfb_pid=
-if [ -z "${DISPLAY:-}" ]; then
-  number=90
-  while [ -e "/tmp/.X$number-lock" ]; do number=$((number + 1)); done
-  Xvfb ":$number" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
-  xvfb_pid=$!
-  export DISPLAY=:$number
-  sleep 1
-fi
 program_pid=
+# shellcheck source=tools/bench-prefix.sh
+source tools/bench-prefix.sh "$prefix" "$build"
 finish() {
   if [ -n "$program_pid" ]; then kill "$program_pid" 2>/dev/null || true; fi
-  if [ -n "$xvfb_pid" ]; then
-    wineserver -k >/dev/null 2>&1 || true
-    kill "$xvfb_pid" 2>/dev/null || true
-  fi
+  bench_prefix_finish
 }
 trap finish EXIT
-
-bash tools/install.sh "$prefix" "$build" >/dev/null
-# shellcheck source=tools/wine-prefix.sh
-source tools/wine-prefix.sh "$prefix"
-"$WINE" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d 96 /f >/dev/null 2>&1
-# A returning user: the first-run greeting would hold the first paint.
-"$WINE" reg add 'HKCU\Software\Orvex\Tidewell' /v FirstTimeSettingsMsg /t REG_DWORD /d 1 /f >/dev/null 2>&1
 
 traces=$top/build/bench/trace
 mkdir -p "$traces"
