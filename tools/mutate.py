@@ -16,6 +16,11 @@ on each run, so only changed files rebuild), never in the checkout itself. The
 native suite is the core tests' one process; the wine suite runs the core and
 user-interface suites under Wine on a display of its own.
 
+--replay FILE plants the faults of an earlier run's record again (found by
+their line's text when the code around them has moved; a fault whose line is
+gone is reported and left out), so a changed suite is scored on the very
+same faults; --only file:line ... keeps some of them.
+
 Printed: every fault with the tests that caught it, the survivors with file
 and line, the score, and for each test how many faults it alone caught, so a
 test that catches nothing no other test catches stands out. Everything is
@@ -133,6 +138,24 @@ def candidates(tree, paths, suite):
                 for kind, after in faults_in_line(code, line):
                     found.append(Fault(str(relative), number, kind, line, after))
     return found
+
+
+def replayed(tree, record, only):
+    """The faults of an earlier run's record, each found again by its line's text."""
+    faults = []
+    for old in json.loads(Path(record).read_text())["results"]:
+        fault = Fault(old["file"], old["line"], old["kind"], old["before"], old["after"])
+        if only and fault.where() not in only:
+            continue
+        path = tree / fault.file
+        lines = path.read_text(encoding="utf-8").splitlines(keepends=True) if path.is_file() else []
+        matches = [n for n, line in enumerate(lines, 1) if line == fault.before]
+        if not matches:
+            print(f"gone: {fault.where()}: {fault.kind}", flush=True)
+            continue
+        fault.line = min(matches, key=lambda n: abs(n - fault.line))
+        faults.append(fault)
+    return faults
 
 
 def refresh_copy(tree):
@@ -257,14 +280,20 @@ def main():
     parser.add_argument("--paths", nargs="*", help="folders whose .cpp files take faults")
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--list", action="store_true", help="print the drawn faults and stop")
+    parser.add_argument("--replay", metavar="FILE", help="plant the faults recorded in an earlier run's .json")
+    parser.add_argument("--only", nargs="*", metavar="FILE:LINE", help="with --replay: just these faults")
     args = parser.parse_args()
     suite = SUITES[args.suite]
     count = args.count or (200 if args.suite == "native" else 60)
 
     tree = WORK / "src"
     refresh_copy(tree)
-    pool = candidates(tree, args.paths or suite["paths"], args.suite)
-    random.Random(args.seed).shuffle(pool)
+    if args.replay:
+        pool = replayed(tree, args.replay, set(args.only or []))
+        count = args.count or len(pool)
+    else:
+        pool = candidates(tree, args.paths or suite["paths"], args.suite)
+        random.Random(args.seed).shuffle(pool)
     if args.list:
         for fault in pool[:count]:
             print(f"{fault.where()}: {fault.kind}")
@@ -295,7 +324,7 @@ def main():
     finally:
         runner.close()
     report(results, baseline_tests)
-    out = WORK / f"{args.suite}-{args.seed}.json"
+    out = WORK / (f"{args.suite}-replay.json" if args.replay else f"{args.suite}-{args.seed}.json")
     out.write_text(json.dumps({"suite": args.suite, "seed": args.seed, "results": results}, indent=1))
     print(f"Written: {out}")
     return 0
