@@ -44,7 +44,7 @@ SUITES = {
     "native": {"preset": "native", "paths": ["base", "platform", "settings", "data"],
                "targets": ["core_tests"], "timeout": 120},
     "wine": {"preset": "mingw", "paths": ["pages", "app", "controls"],
-             "targets": [], "timeout": 1200},
+             "targets": ["core_tests", "ui_tests", "TidewellSettings"], "timeout": 1200},
 }
 SKIPPED_DIRS = {"win32", "memory"}  # native: code the native suite never builds
 
