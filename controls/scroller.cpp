@@ -90,8 +90,10 @@ struct ScrollerState {
   // thumbOffset above the thumb's top (a very short thumb's caps overlap).
   MaskedPicture thumb{};
   int thumbOffset = 0, composedLength = -1;
+  // Taller than the client by a runway: the view lies at viewTop on it, so
+  // that most scroll steps move the view instead of the pixels.
   OffscreenSurface surface{};
-  int surfaceWidth = 0, surfaceHeight = 0;
+  int surfaceWidth = 0, surfaceHeight = 0, viewTop = 0;
   // The content under the bar, and the position the surface's content is
   // drawn from (-1: nothing worth keeping), for scroll steps to build on.
   OffscreenSurface underBar{};
@@ -201,6 +203,8 @@ RECT BarArea(const ScrollerState& state) {
   return {left, 0, std::min(left + BarAreaWidth(state), state.width), state.height};
 }
 
+int Runway(const ScrollerState& state) { return state.surfaceHeight / 2; }
+
 // The off-screen context always matches the client area, whichever of
 // WM_MOVE and WM_SIZE tells of a change first.
 void FitSurface(HWND window, ScrollerState& state) {
@@ -209,42 +213,65 @@ void FitSurface(HWND window, ScrollerState& state) {
   if (state.surface.dc() && client.right == state.surfaceWidth && client.bottom == state.surfaceHeight) return;
   HDC dc = GetDC(window);
   int height = std::max<int>(client.bottom, 1);
-  state.surface.Create(dc, std::max<int>(client.right, 1), height);
+  state.surface.Create(dc, std::max<int>(client.right, 1), height + client.bottom / 2);  // the runway
   state.underBar.Create(dc, BarAreaWidth(state), height);
   ReleaseDC(window, dc);
   state.surfaceWidth = client.right;
   state.surfaceHeight = client.bottom;
+  state.viewTop = 0;
   state.cachedPosition = -1;
 }
 
-void AskForContent(ScrollerState& state) {
+// The parent draws in the view's coordinates, y 0 at its top, clipped to
+// the rows from top to bottom: the runway around the view is never drawn.
+void AskForContent(ScrollerState& state, int top, int bottom) {
+  HDC surface = state.surface.dc();
+  IntersectClipRect(surface, 0, top, state.width, bottom);
   LPARAM where = MAKELPARAM(static_cast<WORD>(state.position), state.parentValue);
-  LRESULT height = SendMessageW(state.parent, kScrollerDrawContent, reinterpret_cast<WPARAM>(state.surface.dc()),
-                                where);
+  LRESULT height = SendMessageW(state.parent, kScrollerDrawContent, reinterpret_cast<WPARAM>(surface), where);
+  SelectClipRgn(surface, nullptr);
   state.content = static_cast<int>(std::clamp<LRESULT>(height, 0, INT32_MAX / 2));
 }
 
 // Content that shrank since the last paint pulls the view back up.
 void DrawContent(ScrollerState& state) {
-  AskForContent(state);
+  AskForContent(state, 0, state.height);
   if (state.content - state.position >= state.height) return;
   state.position = std::max(Largest(state), 0);
-  AskForContent(state);
+  AskForContent(state, 0, state.height);
 }
 
 void FillSolid(HDC dc, const RECT& area, COLORREF colour) {
-  SetBkColor(dc, colour);
+  COLORREF old = SetBkColor(dc, colour);
   ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
+  SetBkColor(dc, old);
 }
 
+// A mask's bits become white and black only with these colours set; a bar
+// sets them once for all its pictures, as each call costs Wine about as
+// much as a small blit.
+class MaskColours {
+ public:
+  explicit MaskColours(HDC dc)
+      : dc_(dc), oldBack_(SetBkColor(dc, RGB(255, 255, 255))), oldText_(SetTextColor(dc, RGB(0, 0, 0))) {}
+  ~MaskColours() {
+    SetBkColor(dc_, oldBack_);
+    SetTextColor(dc_, oldText_);
+  }
+  MaskColours(const MaskColours&) = delete;
+  MaskColours& operator=(const MaskColours&) = delete;
+
+ private:
+  HDC dc_;
+  COLORREF oldBack_, oldText_;
+};
+
+// Within MaskColours.
 void DrawMasked(HDC dc, const MaskedPicture& picture, int x, int y, int width, int height, bool maskOnly = false) {
   if (picture.image == nullptr || width <= 0 || height <= 0) return;
-  COLORREF oldBack = SetBkColor(dc, RGB(255, 255, 255)), oldText = SetTextColor(dc, RGB(0, 0, 0));
   StretchBlt(dc, x, y, width, height, picture.maskDc, 0, 0, picture.width, picture.height, SRCAND);
   if (!maskOnly)
     StretchBlt(dc, x, y, width, height, picture.imageDc, 0, 0, picture.width, picture.height, SRCPAINT);
-  SetBkColor(dc, oldBack);
-  SetTextColor(dc, oldText);
 }
 
 void DrawThumbParts(HDC dc, const ScrollerState& state, int x, int top, bool maskOnly) {
@@ -269,8 +296,8 @@ void ComposeThumb(HDC like, ScrollerState& state) {
   HDC imageDc = state.thumb.imageDc;
   RECT all = {0, 0, width, height};
   FillSolid(imageDc, all, RGB(255, 255, 255));
+  MaskColours colours(imageDc);
   DrawThumbParts(imageDc, state, 0, -state.thumbOffset, true);
-  SetBkColor(imageDc, RGB(255, 255, 255));
   BitBlt(state.thumb.maskDc, 0, 0, width, height, imageDc, 0, 0, SRCCOPY);
   FillSolid(imageDc, all, RGB(0, 0, 0));
   DrawThumbParts(imageDc, state, 0, -state.thumbOffset, false);
@@ -311,6 +338,7 @@ void DrawTrack(HDC dc, const ScrollerState& state) {
   FillSolid(dc, track, paging ? kPressedTrackColour : state.trackColour);
 }
 
+// Within MaskColours.
 void DrawArrows(HDC dc, const ScrollerState& state, bool up, bool down) {
   if (up) DrawArrow(dc, state, state.up, state.upMasked, ScaleY(1));
   if (down) DrawArrow(dc, state, state.down, state.downMasked, state.height - ScaleY(kArrowSide));
@@ -320,12 +348,14 @@ void DrawBar(HDC dc, ScrollerState& state) {
   int largest = Largest(state);
   PlaceThumb(state);
   if (!state.showBar) {
+    MaskColours colours(dc);
     DrawArrows(dc, state, state.position >= 1, state.position + 1 < largest);
     return;
   }
   bool fits = state.position < 1 && state.position >= largest;
   if (fits && !state.barOnLeft) return;
   DrawTrack(dc, state);
+  MaskColours colours(dc);
   DrawArrows(dc, state, true, true);
   DrawThumb(dc, state);
 }
@@ -354,20 +384,25 @@ bool CanShift(const ScrollerState& state) {
          state.position <= Largest(state);
 }
 
-// Rows still in view move with one blit within the surface, and the parent
-// is asked for the band that came into view only; content of another height
-// is asked for in full.
+// The view moves along the runway over the rows still in view; only at its
+// end do they move, with one blit, to the runway's other end. The parent is
+// asked for the band that came into view only; content of another height is
+// asked for in full.
 void ShiftContent(ScrollerState& state) {
   HDC surface = state.surface.dc();
   int delta = state.position - state.cachedPosition;
   int kept = state.height - std::abs(delta);
   CopyUnderBar(state, true);
-  BitBlt(surface, 0, std::max(-delta, 0), state.width, kept, surface, 0, std::max(delta, 0), SRCCOPY);
-  int bandTop = delta > 0 ? kept : 0;
-  IntersectClipRect(surface, 0, bandTop, state.width, bandTop + std::abs(delta));
-  int content = state.content;
-  AskForContent(state);
-  SelectClipRgn(surface, nullptr);
+  int top = state.viewTop + delta;
+  if (top < 0 || top > Runway(state)) {
+    top = delta > 0 ? 0 : Runway(state);
+    BitBlt(surface, 0, top - state.viewTop + std::max(-delta, 0), state.width, kept, surface, 0,
+           std::max(delta, 0), SRCCOPY);
+  }
+  state.viewTop = top;
+  SetViewportOrgEx(surface, 0, top, nullptr);
+  int bandTop = delta > 0 ? kept : 0, content = state.content;
+  AskForContent(state, bandTop, bandTop + std::abs(delta));
   if (state.content != content) DrawContent(state);
 }
 
