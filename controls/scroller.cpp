@@ -40,7 +40,7 @@ constexpr unsigned kLargestPlausibleY = 20000;
 // draw the whole bar.
 struct MaskedPicture {
   HBITMAP image = nullptr;  // the transparent pixels made black
-  HBITMAP mask = nullptr;   // monochrome, 1 where transparent
+  HBITMAP mask = nullptr;   // white where transparent, else black
   HDC imageDc = nullptr, maskDc = nullptr;
   HGDIOBJ oldImage = nullptr, oldMask = nullptr;
   int width = 0, height = 0;
@@ -98,6 +98,11 @@ struct ScrollerState {
   // drawn from (-1: nothing worth keeping), for scroll steps to build on.
   OffscreenSurface underBar{};
   int cachedPosition = -1;
+  // Filling the track's tall, narrow rectangle costs Wine something for
+  // each of its rows; copying a strip filled once costs a third of that.
+  OffscreenSurface trackStrip{};
+  COLORREF stripColour = 0;
+  SIZE stripSize{};
 };
 
 int Largest(const ScrollerState& state) { return state.content - state.height; }
@@ -119,6 +124,26 @@ bool InColumn(const ScrollerState& state, int x) {
 
 // ---- Pictures
 
+// A mask's bits become white and black only with these colours set; a bar
+// sets them once for all its pictures, as each call costs Wine about as
+// much as a small blit.
+class MaskColours {
+ public:
+  explicit MaskColours(HDC dc)
+      : dc_(dc), oldBack_(SetBkColor(dc, RGB(255, 255, 255))), oldText_(SetTextColor(dc, RGB(0, 0, 0))) {}
+  ~MaskColours() {
+    SetBkColor(dc_, oldBack_);
+    SetTextColor(dc_, oldText_);
+  }
+  MaskColours(const MaskColours&) = delete;
+  MaskColours& operator=(const MaskColours&) = delete;
+
+ private:
+  HDC dc_;
+  COLORREF oldBack_, oldText_;
+};
+
+
 // Takes both bitmaps over and keeps them selected.
 bool AdoptPicture(MaskedPicture& picture, HBITMAP image, HBITMAP mask, int width, int height) {
   picture.image = image;
@@ -136,7 +161,9 @@ bool AdoptPicture(MaskedPicture& picture, HBITMAP image, HBITMAP mask, int width
   return true;
 }
 
-// Takes the bitmap over.
+// Takes the bitmap over. Both pictures end up in the screen's format, as
+// Wine blits a monochrome mask or a bitmap of another depth about half as
+// fast.
 void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
   BITMAP info;
   if (bitmap == nullptr) return;
@@ -144,15 +171,24 @@ void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
     DeleteObject(bitmap);
     return;
   }
-  HBITMAP mask = CreateBitmap(info.bmWidth, info.bmHeight, 1, 1, nullptr);
-  if (!AdoptPicture(picture, bitmap, mask, info.bmWidth, info.bmHeight)) return;
-  HDC imageDc = picture.imageDc, maskDc = picture.maskDc;
+  int width = info.bmWidth, height = info.bmHeight;
+  MaskedPicture loaded;
+  if (!AdoptPicture(loaded, bitmap, CreateBitmap(width, height, 1, 1, nullptr), width, height)) return;
+  HDC imageDc = loaded.imageDc, maskDc = loaded.maskDc;
   // Pixels of the background colour become 1 in a monochrome copy.
   SetBkColor(imageDc, transparent);
-  BitBlt(maskDc, 0, 0, picture.width, picture.height, imageDc, 0, 0, SRCCOPY);
+  BitBlt(maskDc, 0, 0, width, height, imageDc, 0, 0, SRCCOPY);
   SetBkColor(imageDc, RGB(0, 0, 0));
   SetTextColor(imageDc, RGB(255, 255, 255));
-  BitBlt(imageDc, 0, 0, picture.width, picture.height, maskDc, 0, 0, SRCAND);
+  BitBlt(imageDc, 0, 0, width, height, maskDc, 0, 0, SRCAND);
+  HDC screen = GetDC(nullptr);
+  bool made = AdoptPicture(picture, CreateCompatibleBitmap(screen, width, height),
+                           CreateCompatibleBitmap(screen, width, height), width, height);
+  ReleaseDC(nullptr, screen);
+  if (!made) return;
+  BitBlt(picture.imageDc, 0, 0, width, height, imageDc, 0, 0, SRCCOPY);
+  MaskColours colours(picture.maskDc);
+  BitBlt(picture.maskDc, 0, 0, width, height, maskDc, 0, 0, SRCCOPY);
 }
 
 HBITMAP LoadThumbPart(std::u16string_view folder, std::u16string_view name, HMODULE pictures, int resource) {
@@ -247,25 +283,6 @@ void FillSolid(HDC dc, const RECT& area, COLORREF colour) {
   SetBkColor(dc, old);
 }
 
-// A mask's bits become white and black only with these colours set; a bar
-// sets them once for all its pictures, as each call costs Wine about as
-// much as a small blit.
-class MaskColours {
- public:
-  explicit MaskColours(HDC dc)
-      : dc_(dc), oldBack_(SetBkColor(dc, RGB(255, 255, 255))), oldText_(SetTextColor(dc, RGB(0, 0, 0))) {}
-  ~MaskColours() {
-    SetBkColor(dc_, oldBack_);
-    SetTextColor(dc_, oldText_);
-  }
-  MaskColours(const MaskColours&) = delete;
-  MaskColours& operator=(const MaskColours&) = delete;
-
- private:
-  HDC dc_;
-  COLORREF oldBack_, oldText_;
-};
-
 // Within MaskColours.
 void DrawMasked(HDC dc, const MaskedPicture& picture, int x, int y, int width, int height, bool maskOnly = false) {
   if (picture.image == nullptr || width <= 0 || height <= 0) return;
@@ -291,7 +308,7 @@ void ComposeThumb(HDC like, ScrollerState& state) {
   int cap = ScaleY(kThumbCap), width = ScaleX(kBarWidth);
   state.thumbOffset = std::min(0, state.thumbLength - cap);
   int height = std::max(cap, state.thumbLength) - state.thumbOffset;
-  HBITMAP image = CreateCompatibleBitmap(like, width, height), mask = CreateBitmap(width, height, 1, 1, nullptr);
+  HBITMAP image = CreateCompatibleBitmap(like, width, height), mask = CreateCompatibleBitmap(like, width, height);
   if (!AdoptPicture(state.thumb, image, mask, width, height)) return;
   HDC imageDc = state.thumb.imageDc;
   RECT all = {0, 0, width, height};
@@ -327,7 +344,7 @@ void PlaceThumb(ScrollerState& state) {
   state.thumbTop = static_cast<int>(static_cast<float>(room - state.thumbLength) * ratio + ScaleY(kThumbMargin));
 }
 
-void DrawTrack(HDC dc, const ScrollerState& state) {
+void DrawTrack(HDC dc, ScrollerState& state) {
   if (state.noTrack) return;
   RECT track = {state.width - ScaleX(kTrackInset + 1), ScaleY(kTrackInset), state.width - ScaleX(kTrackInset - 1),
                 state.height - ScaleY(kTrackInset)};
@@ -335,7 +352,18 @@ void DrawTrack(HDC dc, const ScrollerState& state) {
   if (state.barOnLeft) track.left = ScaleX(kTrackInset), track.right = ScaleX(kTrackInset - 2);
   if (track.right <= track.left) return;
   bool paging = state.pageUpPending || state.pageDownPending;
-  FillSolid(dc, track, paging ? kPressedTrackColour : state.trackColour);
+  COLORREF colour = paging ? kPressedTrackColour : state.trackColour;
+  SIZE size = {track.right - track.left, track.bottom - track.top};
+  HDC strip = state.trackStrip.dc();
+  if (strip == nullptr || size.cx != state.stripSize.cx || size.cy != state.stripSize.cy) {
+    state.trackStrip.Create(dc, size.cx, size.cy);
+    strip = state.trackStrip.dc();
+    state.stripSize = size;
+    state.stripColour = ~colour;
+  }
+  if (colour != state.stripColour) FillSolid(strip, {0, 0, size.cx, size.cy}, colour);
+  state.stripColour = colour;
+  BitBlt(dc, track.left, track.top, size.cx, size.cy, strip, 0, 0, SRCCOPY);
 }
 
 // Within MaskColours.
