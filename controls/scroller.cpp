@@ -40,7 +40,7 @@ constexpr unsigned kLargestPlausibleY = 20000;
 // draw the whole bar.
 struct MaskedPicture {
   HBITMAP image = nullptr;  // the transparent pixels made black
-  HBITMAP mask = nullptr;   // monochrome, 1 where transparent
+  HBITMAP mask = nullptr;   // white where transparent, else black
   HDC imageDc = nullptr, maskDc = nullptr;
   HGDIOBJ oldImage = nullptr, oldMask = nullptr;
   int width = 0, height = 0;
@@ -90,12 +90,19 @@ struct ScrollerState {
   // thumbOffset above the thumb's top (a very short thumb's caps overlap).
   MaskedPicture thumb{};
   int thumbOffset = 0, composedLength = -1;
+  // Taller than the client by a runway: the view lies at viewTop on it, so
+  // that most scroll steps move the view instead of the pixels.
   OffscreenSurface surface{};
-  int surfaceWidth = 0, surfaceHeight = 0;
+  int surfaceWidth = 0, surfaceHeight = 0, viewTop = 0;
   // The content under the bar, and the position the surface's content is
   // drawn from (-1: nothing worth keeping), for scroll steps to build on.
   OffscreenSurface underBar{};
   int cachedPosition = -1;
+  // Filling the track's tall, narrow rectangle costs Wine something for
+  // each of its rows; copying a strip filled once costs a third of that.
+  OffscreenSurface trackStrip{};
+  COLORREF stripColour = 0;
+  SIZE stripSize{};
 };
 
 int Largest(const ScrollerState& state) { return state.content - state.height; }
@@ -117,6 +124,26 @@ bool InColumn(const ScrollerState& state, int x) {
 
 // ---- Pictures
 
+// A mask's bits become white and black only with these colours set; a bar
+// sets them once for all its pictures, as each call costs Wine about as
+// much as a small blit.
+class MaskColours {
+ public:
+  explicit MaskColours(HDC dc)
+      : dc_(dc), oldBack_(SetBkColor(dc, RGB(255, 255, 255))), oldText_(SetTextColor(dc, RGB(0, 0, 0))) {}
+  ~MaskColours() {
+    SetBkColor(dc_, oldBack_);
+    SetTextColor(dc_, oldText_);
+  }
+  MaskColours(const MaskColours&) = delete;
+  MaskColours& operator=(const MaskColours&) = delete;
+
+ private:
+  HDC dc_;
+  COLORREF oldBack_, oldText_;
+};
+
+
 // Takes both bitmaps over and keeps them selected.
 bool AdoptPicture(MaskedPicture& picture, HBITMAP image, HBITMAP mask, int width, int height) {
   picture.image = image;
@@ -134,7 +161,9 @@ bool AdoptPicture(MaskedPicture& picture, HBITMAP image, HBITMAP mask, int width
   return true;
 }
 
-// Takes the bitmap over.
+// Takes the bitmap over. Both pictures end up in the screen's format, as
+// Wine blits a monochrome mask or a bitmap of another depth about half as
+// fast.
 void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
   BITMAP info;
   if (bitmap == nullptr) return;
@@ -142,15 +171,24 @@ void MakeMasked(MaskedPicture& picture, HBITMAP bitmap, COLORREF transparent) {
     DeleteObject(bitmap);
     return;
   }
-  HBITMAP mask = CreateBitmap(info.bmWidth, info.bmHeight, 1, 1, nullptr);
-  if (!AdoptPicture(picture, bitmap, mask, info.bmWidth, info.bmHeight)) return;
-  HDC imageDc = picture.imageDc, maskDc = picture.maskDc;
+  int width = info.bmWidth, height = info.bmHeight;
+  MaskedPicture loaded;
+  if (!AdoptPicture(loaded, bitmap, CreateBitmap(width, height, 1, 1, nullptr), width, height)) return;
+  HDC imageDc = loaded.imageDc, maskDc = loaded.maskDc;
   // Pixels of the background colour become 1 in a monochrome copy.
   SetBkColor(imageDc, transparent);
-  BitBlt(maskDc, 0, 0, picture.width, picture.height, imageDc, 0, 0, SRCCOPY);
+  BitBlt(maskDc, 0, 0, width, height, imageDc, 0, 0, SRCCOPY);
   SetBkColor(imageDc, RGB(0, 0, 0));
   SetTextColor(imageDc, RGB(255, 255, 255));
-  BitBlt(imageDc, 0, 0, picture.width, picture.height, maskDc, 0, 0, SRCAND);
+  BitBlt(imageDc, 0, 0, width, height, maskDc, 0, 0, SRCAND);
+  HDC screen = GetDC(nullptr);
+  bool made = AdoptPicture(picture, CreateCompatibleBitmap(screen, width, height),
+                           CreateCompatibleBitmap(screen, width, height), width, height);
+  ReleaseDC(nullptr, screen);
+  if (!made) return;
+  BitBlt(picture.imageDc, 0, 0, width, height, imageDc, 0, 0, SRCCOPY);
+  MaskColours colours(picture.maskDc);
+  BitBlt(picture.maskDc, 0, 0, width, height, maskDc, 0, 0, SRCCOPY);
 }
 
 HBITMAP LoadThumbPart(std::u16string_view folder, std::u16string_view name, HMODULE pictures, int resource) {
@@ -201,6 +239,8 @@ RECT BarArea(const ScrollerState& state) {
   return {left, 0, std::min(left + BarAreaWidth(state), state.width), state.height};
 }
 
+int Runway(const ScrollerState& state) { return state.surfaceHeight / 2; }
+
 // The off-screen context always matches the client area, whichever of
 // WM_MOVE and WM_SIZE tells of a change first.
 void FitSurface(HWND window, ScrollerState& state) {
@@ -209,42 +249,46 @@ void FitSurface(HWND window, ScrollerState& state) {
   if (state.surface.dc() && client.right == state.surfaceWidth && client.bottom == state.surfaceHeight) return;
   HDC dc = GetDC(window);
   int height = std::max<int>(client.bottom, 1);
-  state.surface.Create(dc, std::max<int>(client.right, 1), height);
+  state.surface.Create(dc, std::max<int>(client.right, 1), height + client.bottom / 2);  // the runway
   state.underBar.Create(dc, BarAreaWidth(state), height);
   ReleaseDC(window, dc);
   state.surfaceWidth = client.right;
   state.surfaceHeight = client.bottom;
+  state.viewTop = 0;
   state.cachedPosition = -1;
 }
 
-void AskForContent(ScrollerState& state) {
+// The parent draws in the view's coordinates, y 0 at its top, clipped to
+// the rows from top to bottom: the runway around the view is never drawn.
+void AskForContent(ScrollerState& state, int top, int bottom) {
+  HDC surface = state.surface.dc();
+  IntersectClipRect(surface, 0, top, state.width, bottom);
   LPARAM where = MAKELPARAM(static_cast<WORD>(state.position), state.parentValue);
-  LRESULT height = SendMessageW(state.parent, kScrollerDrawContent, reinterpret_cast<WPARAM>(state.surface.dc()),
-                                where);
+  LRESULT height = SendMessageW(state.parent, kScrollerDrawContent, reinterpret_cast<WPARAM>(surface), where);
+  SelectClipRgn(surface, nullptr);
   state.content = static_cast<int>(std::clamp<LRESULT>(height, 0, INT32_MAX / 2));
 }
 
 // Content that shrank since the last paint pulls the view back up.
 void DrawContent(ScrollerState& state) {
-  AskForContent(state);
+  AskForContent(state, 0, state.height);
   if (state.content - state.position >= state.height) return;
   state.position = std::max(Largest(state), 0);
-  AskForContent(state);
+  AskForContent(state, 0, state.height);
 }
 
 void FillSolid(HDC dc, const RECT& area, COLORREF colour) {
-  SetBkColor(dc, colour);
+  COLORREF old = SetBkColor(dc, colour);
   ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
+  SetBkColor(dc, old);
 }
 
+// Within MaskColours.
 void DrawMasked(HDC dc, const MaskedPicture& picture, int x, int y, int width, int height, bool maskOnly = false) {
   if (picture.image == nullptr || width <= 0 || height <= 0) return;
-  COLORREF oldBack = SetBkColor(dc, RGB(255, 255, 255)), oldText = SetTextColor(dc, RGB(0, 0, 0));
   StretchBlt(dc, x, y, width, height, picture.maskDc, 0, 0, picture.width, picture.height, SRCAND);
   if (!maskOnly)
     StretchBlt(dc, x, y, width, height, picture.imageDc, 0, 0, picture.width, picture.height, SRCPAINT);
-  SetBkColor(dc, oldBack);
-  SetTextColor(dc, oldText);
 }
 
 void DrawThumbParts(HDC dc, const ScrollerState& state, int x, int top, bool maskOnly) {
@@ -264,13 +308,13 @@ void ComposeThumb(HDC like, ScrollerState& state) {
   int cap = ScaleY(kThumbCap), width = ScaleX(kBarWidth);
   state.thumbOffset = std::min(0, state.thumbLength - cap);
   int height = std::max(cap, state.thumbLength) - state.thumbOffset;
-  HBITMAP image = CreateCompatibleBitmap(like, width, height), mask = CreateBitmap(width, height, 1, 1, nullptr);
+  HBITMAP image = CreateCompatibleBitmap(like, width, height), mask = CreateCompatibleBitmap(like, width, height);
   if (!AdoptPicture(state.thumb, image, mask, width, height)) return;
   HDC imageDc = state.thumb.imageDc;
   RECT all = {0, 0, width, height};
   FillSolid(imageDc, all, RGB(255, 255, 255));
+  MaskColours colours(imageDc);
   DrawThumbParts(imageDc, state, 0, -state.thumbOffset, true);
-  SetBkColor(imageDc, RGB(255, 255, 255));
   BitBlt(state.thumb.maskDc, 0, 0, width, height, imageDc, 0, 0, SRCCOPY);
   FillSolid(imageDc, all, RGB(0, 0, 0));
   DrawThumbParts(imageDc, state, 0, -state.thumbOffset, false);
@@ -300,7 +344,7 @@ void PlaceThumb(ScrollerState& state) {
   state.thumbTop = static_cast<int>(static_cast<float>(room - state.thumbLength) * ratio + ScaleY(kThumbMargin));
 }
 
-void DrawTrack(HDC dc, const ScrollerState& state) {
+void DrawTrack(HDC dc, ScrollerState& state) {
   if (state.noTrack) return;
   RECT track = {state.width - ScaleX(kTrackInset + 1), ScaleY(kTrackInset), state.width - ScaleX(kTrackInset - 1),
                 state.height - ScaleY(kTrackInset)};
@@ -308,9 +352,21 @@ void DrawTrack(HDC dc, const ScrollerState& state) {
   if (state.barOnLeft) track.left = ScaleX(kTrackInset), track.right = ScaleX(kTrackInset - 2);
   if (track.right <= track.left) return;
   bool paging = state.pageUpPending || state.pageDownPending;
-  FillSolid(dc, track, paging ? kPressedTrackColour : state.trackColour);
+  COLORREF colour = paging ? kPressedTrackColour : state.trackColour;
+  SIZE size = {track.right - track.left, track.bottom - track.top};
+  HDC strip = state.trackStrip.dc();
+  if (strip == nullptr || size.cx != state.stripSize.cx || size.cy != state.stripSize.cy) {
+    state.trackStrip.Create(dc, size.cx, size.cy);
+    strip = state.trackStrip.dc();
+    state.stripSize = size;
+    state.stripColour = ~colour;
+  }
+  if (colour != state.stripColour) FillSolid(strip, {0, 0, size.cx, size.cy}, colour);
+  state.stripColour = colour;
+  BitBlt(dc, track.left, track.top, size.cx, size.cy, strip, 0, 0, SRCCOPY);
 }
 
+// Within MaskColours.
 void DrawArrows(HDC dc, const ScrollerState& state, bool up, bool down) {
   if (up) DrawArrow(dc, state, state.up, state.upMasked, ScaleY(1));
   if (down) DrawArrow(dc, state, state.down, state.downMasked, state.height - ScaleY(kArrowSide));
@@ -320,12 +376,14 @@ void DrawBar(HDC dc, ScrollerState& state) {
   int largest = Largest(state);
   PlaceThumb(state);
   if (!state.showBar) {
+    MaskColours colours(dc);
     DrawArrows(dc, state, state.position >= 1, state.position + 1 < largest);
     return;
   }
   bool fits = state.position < 1 && state.position >= largest;
   if (fits && !state.barOnLeft) return;
   DrawTrack(dc, state);
+  MaskColours colours(dc);
   DrawArrows(dc, state, true, true);
   DrawThumb(dc, state);
 }
@@ -354,20 +412,25 @@ bool CanShift(const ScrollerState& state) {
          state.position <= Largest(state);
 }
 
-// Rows still in view move with one blit within the surface, and the parent
-// is asked for the band that came into view only; content of another height
-// is asked for in full.
+// The view moves along the runway over the rows still in view; only at its
+// end do they move, with one blit, to the runway's other end. The parent is
+// asked for the band that came into view only; content of another height is
+// asked for in full.
 void ShiftContent(ScrollerState& state) {
   HDC surface = state.surface.dc();
   int delta = state.position - state.cachedPosition;
   int kept = state.height - std::abs(delta);
   CopyUnderBar(state, true);
-  BitBlt(surface, 0, std::max(-delta, 0), state.width, kept, surface, 0, std::max(delta, 0), SRCCOPY);
-  int bandTop = delta > 0 ? kept : 0;
-  IntersectClipRect(surface, 0, bandTop, state.width, bandTop + std::abs(delta));
-  int content = state.content;
-  AskForContent(state);
-  SelectClipRgn(surface, nullptr);
+  int top = state.viewTop + delta;
+  if (top < 0 || top > Runway(state)) {
+    top = delta > 0 ? 0 : Runway(state);
+    BitBlt(surface, 0, top - state.viewTop + std::max(-delta, 0), state.width, kept, surface, 0,
+           std::max(delta, 0), SRCCOPY);
+  }
+  state.viewTop = top;
+  SetViewportOrgEx(surface, 0, top, nullptr);
+  int bandTop = delta > 0 ? kept : 0, content = state.content;
+  AskForContent(state, bandTop, bandTop + std::abs(delta));
   if (state.content != content) DrawContent(state);
 }
 

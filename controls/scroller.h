@@ -17,16 +17,17 @@
 
 namespace tw {
 
-// Sent to the parent while painting. wParam: the off-screen HDC, as large as
-// the client area; lParam: the scroll position in the low word (its low 16
-// bits; ScrollerPosition has all of it) and the parent value in the high
-// word. The parent draws the content whose row `position` goes at y 0 and
-// returns the content's total height in pixels.
-// A scroll step moves the rows still in view within the context and clips
-// it to the band that came into view, so a parent that draws only the rows
-// meeting GetClipBox pays for that band alone; one that draws everything
-// still paints right. A parent whose content changes invalidates the
-// scroller, whose next paint asks for everything.
+// Sent to the parent while painting. wParam: the off-screen HDC, its origin
+// at the client area's top left and clipped to it; lParam: the scroll
+// position in the low word (its low 16 bits; ScrollerPosition has all of
+// it) and the parent value in the high word. The parent draws the content
+// whose row `position` goes at y 0 and returns the content's total height
+// in pixels.
+// A scroll step keeps the rows still in view and clips the context to the
+// band that came into view, so a parent that draws only the rows meeting
+// GetClipBox pays for that band alone; one that draws everything still
+// paints right. A parent whose content changes invalidates the scroller,
+// whose next paint asks for everything.
 inline constexpr UINT kScrollerDrawContent = WM_USER + 2;
 // Sent to the parent for a press outside the bar (or anywhere, when the
 // content fits). wParam: the value of the first hit band holding the press's

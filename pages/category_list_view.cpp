@@ -38,6 +38,7 @@ CategoryRowPainter::CategoryRowPainter(HWND list, CategoryList& categories, HFON
       lineBrush_(CreateSolidBrush(kRowLine)) {}
 
 CategoryRowPainter::~CategoryRowPainter() {
+  cache_.Release();  // before the pen it holds
   DeleteObject(markPen_);
   DeleteObject(lineBrush_);
 }
@@ -81,27 +82,64 @@ void CategoryRowPainter::PaintRow(HDC dc, const CategoryEntry& entry, const RECT
   FillRect(dc, &separator, lineBrush_);
 }
 
+// The contexts are the scroller's and the cache's and outlive the paint:
+// the font and pen stay selected in them, as selecting a font costs Wine
+// about as much as the blit of the whole list.
+void CategoryRowPainter::PrepareDc(HDC dc) {
+  SetBkMode(dc, TRANSPARENT);
+  SetTextColor(dc, RGB(0, 0, 0));
+  if (GetCurrentObject(dc, OBJ_FONT) != font_) SelectObject(dc, font_);
+  if (GetCurrentObject(dc, OBJ_PEN) != markPen_) SelectObject(dc, markPen_);
+}
+
+bool CategoryRowPainter::MakeCache(HDC like, int width) {
+  if (cache_.dc() && cacheWidth_ == width) return true;
+  cachedRows_ = {};
+  cacheWidth_ = width;
+  if (!cache_.Create(like, width, int(kCachedRows) * ScaleY(kRowHeight))) {
+    cache_.Release();
+    return false;
+  }
+  PrepareDc(cache_.dc());
+  return true;
+}
+
+int CategoryRowPainter::CachedRow(std::size_t row) {
+  int rowHeight = ScaleY(kRowHeight);
+  std::size_t slot = row % kCachedRows;
+  int top = int(slot) * rowHeight;
+  if (cachedRows_[slot] == row + 1) return top;
+  RECT area = {0, top, cacheWidth_, top + rowHeight};
+  FillRect(cache_.dc(), &area, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+  PaintRow(cache_.dc(), categories_.entries[row], area);
+  cachedRows_[slot] = row + 1;
+  return top;
+}
+
 LRESULT CategoryRowPainter::Paint(HDC dc) {
   RECT client, clip;
   GetClientRect(list_, &client);
   if (GetClipBox(dc, &clip) == ERROR) clip = client;
   int position = ScrollerPosition(list_), rowHeight = ScaleY(kRowHeight);
   const std::vector<CategoryEntry>& entries = categories_.entries;
+  int contentHeight = int(entries.size()) * rowHeight;
   RecordRows(position, client.bottom);
-  FillRect(dc, &clip, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-  SetBkMode(dc, TRANSPARENT);
-  SetTextColor(dc, RGB(0, 0, 0));
-  // The context is the scroller's own and outlives the paint: the font and
-  // pen stay selected in it, as selecting a font costs Wine about as much
-  // as the blit of the whole list.
-  if (GetCurrentObject(dc, OBJ_FONT) != font_) SelectObject(dc, font_);
-  if (GetCurrentObject(dc, OBJ_PEN) != markPen_) SelectObject(dc, markPen_);
+  bool whole = clip.top <= 0 && clip.bottom >= client.bottom;
+  if (whole) cachedRows_ = {};
+  bool copy = !whole && MakeCache(dc, client.right);
+  RECT white = clip;
+  if (copy) white.top = std::max<LONG>(clip.top, contentHeight - position);  // copied rows cover the rest
+  if (white.top < white.bottom) FillRect(dc, &white, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+  if (!copy) PrepareDc(dc);
   for (int row = std::max(0, (position + int(clip.top)) / rowHeight); row < int(entries.size()); ++row) {
     int top = row * rowHeight - position;
     if (top >= clip.bottom) break;
-    PaintRow(dc, entries[row], {0, top, client.right, top + rowHeight});
+    if (copy)
+      BitBlt(dc, 0, top, client.right, rowHeight, cache_.dc(), 0, CachedRow(std::size_t(row)), SRCCOPY);
+    else
+      PaintRow(dc, entries[row], {0, top, client.right, top + rowHeight});
   }
-  return static_cast<LRESULT>(entries.size()) * rowHeight;
+  return contentHeight;
 }
 
 CategoryListView::CategoryListView(const PageContext& context, CategoryData& data, const CategoryPlatform& platform,

@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "data/categories.h"
+#include "data/win32/skin_image.h"
 #include "pages/settings_page.h"
 
 namespace tw {
@@ -21,7 +22,10 @@ inline constexpr ControlIdRange kCategoryListIds = {4000, 4199};
 
 // The categories view's answer to its scroller's draw requests: the rows
 // meeting the clip box, each with its swatch, name and bitmap; every row in
-// view records its top and bottom for "find category at y".
+// view records its top and bottom for "find category at y". A scroll step's
+// band copies its rows from a few drawn whole, so each row a held arrow
+// brings in is drawn once rather than in three or four slices; a paint of
+// the whole view draws afresh and forgets them, as the rows may have changed.
 class CategoryRowPainter {
  public:
   CategoryRowPainter(HWND list, CategoryList& categories, HFONT font);
@@ -36,6 +40,10 @@ class CategoryRowPainter {
  private:
   void RecordRows(int position, int height);
   void PaintRow(HDC dc, const CategoryEntry& entry, const RECT& area);
+  void PrepareDc(HDC dc);
+  bool MakeCache(HDC like, int width);
+  // The row's top in the cache, where it is drawn first if not held.
+  int CachedRow(std::size_t row);
 
   HWND list_;
   CategoryList& categories_;
@@ -43,6 +51,10 @@ class CategoryRowPainter {
   HPEN markPen_;
   HBRUSH lineBrush_;
   std::size_t recordedFirst_ = 0, recordedLast_ = 0;
+  static constexpr std::size_t kCachedRows = 4;
+  OffscreenSurface cache_;
+  int cacheWidth_ = 0;
+  std::array<std::size_t, kCachedRows> cachedRows_ = {};  // row + 1 in each slot, 0 for none
 };
 
 class CategoryListView : public SettingsPage {
