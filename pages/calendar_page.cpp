@@ -251,15 +251,21 @@ std::int32_t MarkedValue(const MarkerStrip& strip, HWND window) {
 }
 
 CalendarPage::CalendarPage(const PageContext& context)
-    : RowListPage(context, kTabs, kCalendarPageIds), texts_(context.language), preview_(context) {
-  CreateMarkerStrips();
-}
+    : RowListPage(context, kTabs, kCalendarPageIds), texts_(context.language), preview_(context) {}
 
 CalendarPage::~CalendarPage() {
   for (int index = 0; index < kMarkerStripCount; ++index) {
     StoreStrip(index);
     if (strips_[index] != nullptr) DestroyWindow(strips_[index]);
   }
+}
+
+// The strips, their pictures and the preview are made when their tab is
+// first shown: most visits to the page never show it.
+void CalendarPage::MakeMarkerStrips() {
+  if (stripsMade_) return;
+  stripsMade_ = true;
+  CreateMarkerStrips();
 }
 
 // Single strips pair up on a line; a multi strip goes beside its caption
@@ -319,6 +325,7 @@ void CalendarPage::Show(int showCommand, bool includeTabStrip) {
 
 void CalendarPage::ShowOwnTab(int tab, int showCommand) {
   if (tab != kIconMarkerTab) return;
+  if (showCommand != 0) MakeMarkerStrips();
   for (int index = 0; index < kMarkerStripCount; ++index) {
     for (HWND control : {strips_[index], stripCaptions_[index]})
       if (control != nullptr) ShowWindow(control, showCommand);

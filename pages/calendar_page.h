@@ -47,14 +47,22 @@ class CalendarPage : public RowListPage {
   bool OnCommand(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
   void Paint(HDC dc) override;
 
-  HWND Strip(int index) const { return strips_[index]; }
+  // Asking for a strip or the preview's place makes the strips.
+  HWND Strip(int index) {
+    MakeMarkerStrips();
+    return strips_[index];
+  }
   // Where the preview is drawn, in the main window's client coordinates.
-  RECT PreviewArea() const { return preview_.Area(); }
+  RECT PreviewArea() {
+    MakeMarkerStrips();
+    return preview_.Area();
+  }
 
  protected:
   void ShowOwnTab(int tab, int showCommand) override;
 
  private:
+  void MakeMarkerStrips();
   void CreateMarkerStrips();
   void StoreStrip(int index);
   void RedrawPreview();
@@ -64,6 +72,7 @@ class CalendarPage : public RowListPage {
   std::array<HWND, kMarkerStripCount> stripCaptions_ = {};
   AppointmentPreview preview_;
   bool shown_ = false;
+  bool stripsMade_ = false;
 };
 
 std::unique_ptr<SettingsPage> MakeCalendarPage(const PageContext& context);

@@ -106,7 +106,7 @@ RowListPage::RowListPage(const PageContext& context, std::span<const RowTab> tab
                          context.normalFont);
   for (const RowTab& tab : tabs_) TabAdd(tabStrip_, Text(tab.label).View());
   lists_.assign(tabs_.size(), nullptr);
-  CreateForms();
+  PlanForms();
 }
 
 RowListPage::~RowListPage() {
@@ -242,34 +242,56 @@ int RowListPage::OrderNameHeight() const {
 // hold, and then share the width by what the columns hold: a check list
 // gets the width its longest entry needs where the other column can spare
 // it. A check list takes the rows it has, or what room is left.
-void RowListPage::CreateForms() {
-  int id = ids_.first + kRowListIdCount;
+void RowListPage::MakeForm(int tab) {
+  if (tab < 0 || tab >= int(tabs_.size()) || formsMade_[tab]) return;
+  formsMade_[tab] = true;
+  std::span<const Row> rows = tabs_[tab].form;
+  if (rows.empty()) return;
+  int id = formFirstIds_[tab];
   RECT page = PageArea();
   int top = page.top + ScaleY(kGap), bottom = tabArea_.top - ScaleY(kGap);
   int left = ScaleX(kMargin), right = page.right - ScaleX(kMargin);
   int shared = page.right - 3 * ScaleX(kMargin), half = shared / 2;
-  for (int tab = 0; tab < int(tabs_.size()); ++tab) {
-    std::span<const Row> rows = tabs_[tab].form;
-    std::vector<RECT> columns = {{left, top, right, bottom}};
-    int height = 0, fullWidth = right - left;
-    for (const Row& row : rows) height += FormRowHeight(row, fullWidth) + ScaleY(kFormGap);
-    if (page.right > page.bottom && top + height - ScaleY(kFormGap) > bottom) {
-      columns = {{left, top, left + half, bottom}, {right - half, top, right, bottom}};
-      std::vector<std::size_t> placed = FormColumns(rows, columns);
-      int needed[2] = {0, 0};
-      for (std::size_t i = 0; i < rows.size(); ++i)
-        needed[placed[i]] = std::max(needed[placed[i]], FormRowWidth(rows[i]));
-      int most = shared - shared / 3;
-      int leftWidth = needed[1] > half ? shared - std::min(needed[1], most)
-                      : needed[0] > half ? std::min(needed[0], most) : half;
-      columns = {{left, top, left + leftWidth, bottom}, {right - (shared - leftWidth), top, right, bottom}};
-    }
+  std::vector<RECT> columns = {{left, top, right, bottom}};
+  int height = 0, fullWidth = right - left;
+  for (const Row& row : rows) height += FormRowHeight(row, fullWidth) + ScaleY(kFormGap);
+  if (page.right > page.bottom && top + height - ScaleY(kFormGap) > bottom) {
+    columns = {{left, top, left + half, bottom}, {right - half, top, right, bottom}};
     std::vector<std::size_t> placed = FormColumns(rows, columns);
-    for (std::size_t i = 0; i < rows.size(); ++i) CreateFormRow(rows[i], tab, columns[placed[i]], id);
+    int needed[2] = {0, 0};
+    for (std::size_t i = 0; i < rows.size(); ++i)
+      needed[placed[i]] = std::max(needed[placed[i]], FormRowWidth(rows[i]));
+    int most = shared - shared / 3;
+    int leftWidth = needed[1] > half ? shared - std::min(needed[1], most)
+                    : needed[0] > half ? std::min(needed[0], most) : half;
+    columns = {{left, top, left + leftWidth, bottom}, {right - (shared - leftWidth), top, right, bottom}};
   }
-  firstOwnId_ = id;
-  for (const FormWindows& form : forms_) FillFormRow(form);
+  std::size_t first = forms_.size();
+  std::vector<std::size_t> placed = FormColumns(rows, columns);
+  for (std::size_t i = 0; i < rows.size(); ++i) CreateFormRow(rows[i], tab, columns[placed[i]], id);
+  for (std::size_t i = first; i < forms_.size(); ++i) FillFormRow(forms_[i]);
   ApplyEnableRules();
+}
+
+// A form is made when its tab is first shown or its controls are asked for,
+// so a page opens with its first tab's windows alone. Ids are handed out as
+// if every form were made at once: a control's id never depends on which
+// tabs were shown.
+void RowListPage::PlanForms() {
+  int id = ids_.first + kRowListIdCount;
+  for (const RowTab& tab : tabs_) {
+    formFirstIds_.push_back(id);
+    for (const Row& row : tab.form) id += FormRowWindowCount(row);
+  }
+  formsMade_.assign(tabs_.size(), false);
+  firstOwnId_ = id;
+}
+
+// The windows CreateFormRow makes for the row, each taking an id.
+int RowListPage::FormRowWindowCount(const Row& row) {
+  bool captioned = row.editor != EditorKind::Check && row.caption != 0;
+  int controls = row.editor == EditorKind::Heading ? 0 : row.editor == EditorKind::Path ? 2 : 1;
+  return (captioned ? 1 : 0) + controls;
 }
 
 // Rows go down the first column and on in the next what it cannot hold.
@@ -446,23 +468,24 @@ void RowListPage::StoreFormRow(const FormWindows& form) {
   }
 }
 
-const RowListPage::FormWindows* RowListPage::FindForm(int tab, int row) const {
+const RowListPage::FormWindows* RowListPage::FindForm(int tab, int row) {
+  MakeForm(tab);
   for (const FormWindows& form : forms_)
     if (form.tab == tab && row-- == 0) return &form;
   return nullptr;
 }
 
-HWND RowListPage::FormControl(int tab, int row) const {
+HWND RowListPage::FormControl(int tab, int row) {
   const FormWindows* form = FindForm(tab, row);
   return form ? form->control : nullptr;
 }
 
-HWND RowListPage::FormCaption(int tab, int row) const {
+HWND RowListPage::FormCaption(int tab, int row) {
   const FormWindows* form = FindForm(tab, row);
   return form ? form->caption : nullptr;
 }
 
-HWND RowListPage::FormButton(int tab, int row) const {
+HWND RowListPage::FormButton(int tab, int row) {
   const FormWindows* form = FindForm(tab, row);
   return form ? form->button : nullptr;
 }
@@ -499,6 +522,7 @@ void RowListPage::ShowTab(int tab, int showCommand) {
     ShowWindow(list, showCommand);
     SetWindowPos(list, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
   } else if (!listed) {
+    if (showCommand != 0) MakeForm(tab);
     for (const FormWindows& form : forms_)
       if (form.tab == tab)
         for (HWND window : {form.caption, form.control, form.button})

@@ -267,11 +267,12 @@ class RowListPage : public SettingsPage {
   HWND TabStrip() const { return tabStrip_; }
   HWND List(int tab) const;
   const std::vector<HWND>& EditorWindows() const { return editors_; }
-  // The control of a form's row (from 0) and its caption (null for none).
-  HWND FormControl(int tab, int row) const;
-  HWND FormCaption(int tab, int row) const;
+  // The control of a form's row (from 0) and its caption (null for none);
+  // asking makes the tab's form if it is not made yet.
+  HWND FormControl(int tab, int row);
+  HWND FormCaption(int tab, int row);
   // A path row's browse button (null for other rows).
-  HWND FormButton(int tab, int row) const;
+  HWND FormButton(int tab, int row);
   HWND OrderList() const { return orderList_; }
 
  protected:
@@ -304,13 +305,15 @@ class RowListPage : public SettingsPage {
   void MakeEditors();
   void CreateEditors();
   void CreateOrderEditor();
-  void CreateForms();
+  void PlanForms();
+  static int FormRowWindowCount(const Row& row);
+  void MakeForm(int tab);
   int FormRowHeight(const Row& row, int width) const;
   int CheckHeight(const Row& row, int width) const;
   void CreateFormRow(const Row& row, int tab, RECT& area, int& id);
   void FillFormRow(const FormWindows& form);
   void StoreFormRow(const FormWindows& form);
-  const FormWindows* FindForm(int tab, int row) const;
+  const FormWindows* FindForm(int tab, int row);
   void ApplyEnableRules();
   bool OnFormCommand(int id, int code);
   void BrowseForPath(const FormWindows& form);
@@ -333,7 +336,9 @@ class RowListPage : public SettingsPage {
   std::vector<HWND> lists_;  // null for a tab of the page's own and for one not shown yet
   Editors editor_ = {};
   std::vector<HWND> editors_;  // every row editor, for hiding them all
-  std::vector<FormWindows> forms_;
+  std::vector<FormWindows> forms_;  // of the forms made so far
+  std::vector<int> formFirstIds_;   // each tab's first form id
+  std::vector<bool> formsMade_;
   std::vector<std::u16string> storedTexts_;  // what each entry of a TextDropDown stores
   int firstOwnId_ = 0;
   HWND orderList_ = nullptr, orderUp_ = nullptr, orderDown_ = nullptr, orderReset_ = nullptr;
