@@ -188,6 +188,12 @@ TEST(SettingsTextTest, ReadsEveryEncodingTheSameWay) {
                                    utf8 + std::string(7, '\0')})
     EXPECT_EQ(DecodeSettingsText(Bytes(bytes)), expected) << bytes.size();
   EXPECT_EQ(DecodeSettingsText(Bytes("\"caf\xE9\"=\"\x80\x81\"\r\n")), u"\"caf\u00e9\"=\"\u20ac\u0081\"\n");
+  EXPECT_EQ(DecodeSettingsText(Bytes("\xFE\xFF")), u"");
+  EXPECT_EQ(DecodeSettingsText(Bytes(std::string("\0A\x4E\x2D\x65\x87\x5B\x57", 8))), u"A\u4E2D\u6587\u5B57")
+      << "one zero in four units is enough";
+  SettingsTextOutput out;
+  out.Write(u"\u20AC\uFF21x\xD83D\xDE00\n");
+  EXPECT_EQ(out.Bytes(), "\xE2\x82\xAC\xEF\xBC\xA1x\xF0\x9F\x98\x80\r\n");
 }
 
 }  // namespace

@@ -31,13 +31,44 @@ class LoadSaveTest : public SettingsTest {
   static constexpr std::u16string_view kTodayItem = u"Software\\Microsoft\\today\\items\\Tidewell";
 };
 
+// The numbers a fresh device must start from, in load order, where they are
+// not 0: written out here, not taken from the tables the loader uses.
+constexpr const char* kNonZeroDefaults =
+    "EnableSoundEffect=1 LockDpad=1 LockDpadHorizental=1 UseDoubleClickScroll=1 UseFullScrollings=1 "
+    "NoteZoom=100 ActiveTab=1 TsksGrouping=15 TsksGroupingDirctn=1 TsksSrt1Dirctn=1 TsksSrt2=2 "
+    "TsksSrt2Dirctn=1 TsksSrt3=5 TsksSrt3Dirctn=1 dHeightLimit=160 RemoveSeparatingLine=1 "
+    "RefreshScreenWhenMin=1 dNumOfDays=7 DayTtlFrmt=1 TimeFormat=1 dDayBreaker=3 UseSmartFolding=1 "
+    "TimelinesLength=18 TimelinesVertZ=1 TimelinesHorZ=1 IncludeYearlyCounters=1 LeadingRects=1 TimeLines=2 "
+    "ShowTomorrowTtl=1 Conflicting=1 HideNoAppoDays=1 IncldTasksInCR=1 IncldOverDueTsksInCR=1 "
+    "IncldFutureTsksInCR=1 IncludeTsksCheckBoxes=1 IncldPastCmpltdTsksInClndr=1 ShowActiveTsksOnCal=1 "
+    "MonthlyStartDay=6 FirstWorkDay=6 MonthlyPopTimelines=2 MonthlyPopCatIcons=1 MonthlyPopIconsSize=6 "
+    "CalTitlesOrder1=1 CalTitlesOrder2=2 CalTitlesOrder3=3 CalTitlesOrder4=4 CalTitlesOrder5=5 "
+    "ApptDisplayFormat=7 ClrApptRightIcons=479 ClrTaskRightIcons=383 ShowMailCounterOnTtl=1 TsksDateFrmt=3 "
+    "TsksLineBreaker=3 TsksUseSmartFolding=1 TasksRightIcons=383 IncludeCountersTsks=1 "
+    "ConfirmTaskCompleteTsks=1 TsksCustomDateStruct=1 DisplayOnNotesTab=7 NotesTabGrouping=1 "
+    "NotesBreakLineStyle=3 NotesIncldFoldBttns=1 NotesIncldCounters=1 MsgsMrkReadOnPrev=1 "
+    "MsgsBreakLineStyle=3 MsgsIncldFoldBttns=1 MsgsIncldCounters=1 SEventDays=2 SEApptsDaySpan=30 "
+    "HideABCVals=1 FontGnrlSize=12 FontGnrlTitlesSize=12 GeneralFontColor=-1 HighlightBgClr=-1 "
+    "HighlightTextClr=-1 ShadowFontColor=-1 SeperatorLineClr=-1 TimeLinesBgClr=-1 TimeLinesDfltClr=-1 "
+    "ClrBreakingLineClr=-1 ClrPopupClrBg=-1 ClrPopupCurr=-1 ClrPopupHighlight=-1 TskBreakingLineClr=-1 "
+    "ClrStatusFree=-1 ClrStatusBusy=-1 ClrStatusTentative=-1 ClrStatusOutofoffice=-1 TasksTabEnabled=1 "
+    "SEventsTabEnabled=1 NotesTabEnabled=1 MailTabEnabled=1 TasksTabOrder=2 NotesTabOrder=3 MailTabOrder=4 "
+    "SEventsTabOrder=5 ";
+
 TEST_F(LoadSaveTest, EmptyRegistryGivesDefaults) {
   Load();
+  std::string nonZero;
+  for (const KeySpec* key : ProductKeys())
+    for (const ValueSpec& value : key->values) {
+      if (value.kind == ValueKind::Text) continue;
+      std::int32_t v = value.kind == ValueKind::Dword ? (*store).*value.dword : ((*store).*value.item).value;
+      if (v != 0) nonZero += Utf16ToUtf8(value.name) + "=" + std::to_string(v) + " ";
+    }
+  EXPECT_EQ(nonZero, kNonZeroDefaults);
   const SettingsStore& s = *store;
   EXPECT_EQ(s.SkinsFolder.View(), u"\\Program Files\\Orvex\\Tidewell\\Skins");
-  EXPECT_EQ(s.TimeFormat, 1) << "the test locale keeps a 12-hour clock";
-  EXPECT_EQ(s.MonthlyStartDay, 6);
   EXPECT_EQ(s.FontCalPast.font.lfStrikeOut, 1);
+  EXPECT_EQ(s.FontGeneral.font.lfQuality, 0);
   EXPECT_EQ(std::u16string_view(s.FontGeneral.font.lfFaceName), u"Tahoma");
 }
 

@@ -70,7 +70,7 @@ TEST_F(SkinTest, ReadsColoursEffectsAndFlags) {
   EXPECT_EQ(skin.scroll_bk_color, Rgb(140, 140, 140));
 }
 
-TEST_F(SkinTest, ReadsUtf16FilesAndKeepsUndefaultedFields) {
+TEST_F(SkinTest, ReadsUtf16FilesAndSetsEachDefaultAgain) {
   std::string utf16;
   for (char c : std::string("\"shadow\"=\"shadow\"\r\n\"hide_scroll_bk\"=\"HIDE\"\r\n")) utf16 += {c, '\0'};
   WriteSkinFile(u"wide", u"skin.ini", utf16);
@@ -78,11 +78,25 @@ TEST_F(SkinTest, ReadsUtf16FilesAndKeepsUndefaultedFields) {
   SkinColors skin = Read(u"wide");
   EXPECT_EQ(skin.textEffect[7], SkinColors::kEffectShadow);
   EXPECT_EQ(skin.hide_scroll_bk, 1);
+  using C = SkinColors;
+  constexpr std::uint32_t white = Rgb(255, 255, 255), text = Rgb(70, 50, 56);
+  const std::pair<std::uint32_t C::*, std::uint32_t> defaults[] = {
+      {&C::scroll_bk_color, Rgb(140, 140, 140)},       {&C::highlight_default_color, Rgb(44, 77, 156)},
+      {&C::highlight_text_color, white},               {&C::blending_base_color, white},
+      {&C::monthly_clr_weekdays, Rgb(150, 218, 133)},  {&C::monthly_clr_weekdays_txt, text},
+      {&C::monthly_clr_weekends, Rgb(181, 201, 235)},  {&C::monthly_clr_weekends_txt, text},
+      {&C::monthly_clr_curr_day, Rgb(238, 241, 143)},  {&C::monthly_clr_curr_day_txt, text},
+      {&C::monthly_clr_prev_month, Rgb(230, 220, 230)}, {&C::monthly_clr_prev_month_txt, Rgb(156, 130, 136)},
+      {&C::monthly_clr_weeknums, Rgb(150, 150, 150)},  {&C::monthly_clr_weeknums_txt, white},
+      {&C::monthly_clr_highlight, Rgb(130, 120, 220)}, {&C::monthly_clr_highlight_txt, Rgb(116, 80, 86)},
+      {&C::monthly_clr_dayttls_txt, Rgb(40, 40, 40)},  {&C::pinned_clr_blend_base, white}};
+  for (auto [field, colour] : defaults) skin.*field = 1;
   skin.color_tsks_sort = Rgb(1, 1, 1);
   ReadSkin(skin, u"plain", SkinFolder(), files());
   EXPECT_EQ(skin.textEffect[0], SkinColors::kEffectNone);
   EXPECT_EQ(skin.hide_scroll_bk, 0);
   EXPECT_EQ(skin.color_tsks_sort, Rgb(1, 1, 1)) << "fields without a default keep their value";
+  for (auto [field, colour] : defaults) EXPECT_EQ(skin.*field, colour) << std::hex << colour;
 }
 
 TEST_F(SkinTest, TextColourFromBitmapWhenThereIsNoDefinition) {
