@@ -25,6 +25,14 @@ TEST_F(FolderBrowserTest, StartsInTheDeepestFolderOnTheWay) {
     browser.Start(c.start);
     EXPECT_EQ(Show(browser.Folder()), Show(c.folder)) << Show(c.start) << " in " << c.room;
   }
+  ASSERT_TRUE(files().WriteAll(Folder() + u"\\a.txt", "x", 1));
+  for (BrowseFor target : {BrowseFor::Folder, BrowseFor::File}) {
+    FolderBrowser browser(files(), locale(), target, 256);
+    browser.Start(Folder());
+    std::u16string listed;
+    for (const BrowseEntry& entry : browser.Entries()) listed += entry.name + (entry.isFolder ? u"\\ " : u" ");
+    EXPECT_EQ(Show(listed), target == BrowseFor::File ? "Notes\\ a.txt " : "Notes\\ ") << "folders first";
+  }
 }
 
 }  // namespace

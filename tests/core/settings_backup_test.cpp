@@ -6,6 +6,7 @@
 #include "data/registry_snapshot.h"
 #include "data/settings_file.h"
 #include "platform/memory/folder_file_system.h"
+#include "tests/support/counting_registry.h"
 #include "tests/support/record_text.h"
 #include "tests/support/settings_fixture.h"
 
@@ -107,7 +108,7 @@ TEST_F(SettingsBackupTest, ValuesTheFileCannotCarryAreCutNotFatal) {
 // added; its own backup makes a second Undo take the first back.
 TEST_F(SettingsBackupTest, UndoRestoresTheTreeExactlyAndUndoesItself) {
   const std::uint8_t bytes[] = {1, 0, 2};
-  WriteRaw(registry(), kCurrentUser, kMain, u"Blob", kRegBinary, bytes, sizeof bytes);
+  WriteRaw(registry(), kCurrentUser, kMain, u"Blob", 9, bytes, sizeof bytes);  // any type, a 9 among its digits
   PutText(kCalendar, u"Long", std::u16string(900, u'x'));
   PutText(kCalendar, u"Odd \"name\"\n", u"a \"quoted\" value");
   Put(std::u16string(kMain) + u"\\Unknown\\Deeper", u"Kept", 9);
@@ -134,6 +135,13 @@ TEST_F(SettingsBackupTest, UndoRestoresTheTreeExactlyAndUndoesItself) {
   EXPECT_EQ(Describe(TakeSnapshot(registry(), kProductKey)), imported);
   EXPECT_EQ(data.categories.entries[0].color, 7u);
   registry().DeleteTree(kCurrentUser, u"Software\\Orvex\\Elsewhere");
+
+  struct Refusing : CountingRegistry {
+    using CountingRegistry::CountingRegistry;
+    long Set(RegKey, std::u16string_view, std::uint32_t, const void*, std::uint32_t) override { return 5; }
+  } refusing(registry());
+  EXPECT_FALSE(RestoreSnapshot(refusing, kProductKey, TakeSnapshot(registry(), kProductKey)))
+      << "a value it could not put back";
 }
 
 // A backup Undo cannot trust changes nothing: none at all, one cut short, one
@@ -149,6 +157,9 @@ TEST_F(SettingsBackupTest, UndoRefusesABackupItCannotTrust) {
   ASSERT_NE(cut, std::string::npos);
   ASSERT_TRUE(files().WriteAll(path, whole.data(), cut));
   Put(kCalendar, u"dNumOfDays", 4);
+  EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
+  text.erase(text.find(";D ") + 3, 1);  // an odd number of hex digits
+  ASSERT_TRUE(files().WriteAll(path, text.data(), text.size()));
   EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
 
   SettingsTextOutput out;

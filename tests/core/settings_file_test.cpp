@@ -194,6 +194,9 @@ TEST(SettingsTextTest, ReadsEveryEncodingTheSameWay) {
   SettingsTextOutput out;
   out.Write(u"\u20AC\uFF21x\xD83D\xDE00\n");
   EXPECT_EQ(out.Bytes(), "\xE2\x82\xAC\xEF\xBC\xA1x\xF0\x9F\x98\x80\r\n");
+  // An import line holds 798 characters: a value named "n" keeps 792.
+  EXPECT_EQ(ImportableText(u"n", std::u16string(900, u'a')).size(), 792u);
+  EXPECT_EQ(ImportableText(u"n", std::u16string(791, u'a') + u"\xDBFF\xDC00" u"b").size(), 791u) << "no half pair";
 }
 
 }  // namespace

@@ -21,6 +21,11 @@ TEST(BitmapPixelTest, TopLeftHonoursRowOrderAndDepth) {
         << bits << " bits";
 
   auto good = MakeBitmap(24, 1, {{1, 2, 3}}, false);
+  EXPECT_EQ(TopLeftPixel(good), Rgb(3, 2, 1));
+  // The older 12-byte header: 16-bit width and height. One pixel wide, two high.
+  const std::vector<std::uint8_t> core = {'B', 'M', 0, 0, 0, 0, 0, 0, 0, 0, 26, 0, 0, 0, 12, 0, 0, 0,
+                                          1,   0,   2, 0, 1, 0, 24, 0, 9, 9, 9, 0, 1, 2, 3, 0};
+  EXPECT_EQ(TopLeftPixel(core), Rgb(3, 2, 1));
   EXPECT_FALSE(TopLeftPixel(std::vector<std::uint8_t>(good.begin(), good.begin() + 56)).has_value());
   std::fill_n(good.begin() + 22, 3, 0xFF);  // the last row lies far past the end
   EXPECT_FALSE(TopLeftPixel(good).has_value());

@@ -40,8 +40,8 @@ TEST(WideStringTest, FormatsLikeTheDeviceLibrary) {
   WideString s;
   s.Format(u"\"%s\"=dword:%d\r\n", u"Color", 0xFFFFFFFFu);
   EXPECT_EQ(s.View(), u"\"Color\"=dword:-1\r\n");
-  s.Format(u"Filter %d|%5d|%-3d|%03d|%x|%X|%u|%%", 7, 42, 1, 5, 255, 255, 0xFFFFFFFFu);
-  EXPECT_EQ(s.View(), u"Filter 7|   42|1  |005|ff|FF|4294967295|%");
+  s.Format(u"Filter %d|%5d|%-3d|%03d|%x|%X|%u|%10d|%ld|%%", 7, 42, 1, 5, 255, 255, 0xFFFFFFFFu, 7, -3);
+  EXPECT_EQ(s.View(), u"Filter 7|   42|1  |005|ff|FF|4294967295|         7|-3|%");
   EXPECT_EQ(FormatText(u"%s", {std::u16string(5000, u'z')}).size(), 1023u);
 }
 
