@@ -57,8 +57,7 @@ TEST_F(CategoriesTest, KeepsRecordsWithANameAndIdSortedIgnoringCase) {
 }
 
 TEST_F(CategoriesTest, MissingDatabaseGivesAnEmptyListAndDefaultFilters) {
-  for (int load = 0; load < 2; ++load)  // a second load, as after an import, starts clean
-    LoadCategories(data, {registry(), locale(), files(), database(), bitmaps()}, Folder(), Folder());
+  LoadCategories(data, {registry(), locale(), files(), database(), bitmaps()}, Folder(), Folder());
   EXPECT_TRUE(data.categories.entries.empty());
   EXPECT_EQ(data.filters.entries.size(), 32u);
 }
@@ -90,17 +89,6 @@ TEST_F(CategoriesTest, LoadsAndSavesBitmapsColoursAndMasks) {
   EXPECT_EQ(ValueNames(registry(), kCurrentUser, kCategoriesKey.path),
             (std::vector<std::u16string>{u"CatColor.Work", u"CatFilter.Work"}));
   EXPECT_EQ(Stored(kCategoriesKey.path, u"CatFilter.Work").dword, 0x80000000u);
-}
-
-TEST_F(CategoriesTest, FindsTheFirstRowHoldingY) {
-  Load({Category(u"A", 1), Category(u"B", 2)});
-  auto& entries = data.categories.entries;
-  entries[0].rowTop = 0, entries[0].rowBottom = 20;
-  entries[1].rowTop = 20, entries[1].rowBottom = 40;
-  EXPECT_EQ(data.categories.FindAtY(20), &entries[0]) << "a shared edge belongs to the first row";
-  EXPECT_EQ(data.categories.FindAtY(40), &entries[1]);
-  EXPECT_EQ(data.categories.FindAtY(41), nullptr);
-  EXPECT_EQ(data.categories.FindAtY(-1), nullptr);
 }
 
 }  // namespace

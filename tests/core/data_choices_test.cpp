@@ -206,18 +206,5 @@ TEST_F(HostedTabsTest, OffersPluginsAndAddsAndRemovesThemAsTabs) {
   EXPECT_EQ(ListFontFaces({u"Tahoma", u"Tahoma"}, u"Tahoma").selected, 0) << "the first of a repeated face";
 }
 
-TEST(TabOrderTest, InsertGoesBeforeEqualOrdersExceptTheFirst) {
-  std::vector<TabEntry> tabs;
-  for (int order : {5, 3, 9, 5, 3}) {
-    TabEntry entry;
-    entry.order = order;
-    entry.name.Assign(FormatText(u"%d-%d", {order, static_cast<int>(tabs.size())}));
-    InsertTab(tabs, std::move(entry));
-  }
-  std::vector<std::u16string> names;
-  for (const TabEntry& tab : tabs) names.push_back(tab.name.Str());
-  EXPECT_EQ(names, (std::vector<std::u16string>{u"3-1", u"3-4", u"5-3", u"5-0", u"9-2"}));
-}
-
 }  // namespace
 }  // namespace tw::test

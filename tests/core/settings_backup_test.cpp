@@ -6,7 +6,7 @@
 #include "data/registry_snapshot.h"
 #include "data/settings_file.h"
 #include "platform/memory/folder_file_system.h"
-#include "tests/support/counting_registry.h"
+#include "platform/memory/memory_registry.h"
 #include "tests/support/record_text.h"
 #include "tests/support/settings_fixture.h"
 
@@ -90,20 +90,6 @@ TEST_F(SettingsBackupTest, ImportedOverAnyLaterStateItLoadsTheSameRecordAgain) {
   EXPECT_EQ(data.categories.entries[0].color, 0x123456u);
 }
 
-// A value no line can carry as it stands is cut, so that the file stays
-// importable to its end; the loader sees the same beyond 259 characters.
-TEST_F(SettingsBackupTest, ValuesTheFileCannotCarryAreCutNotFatal) {
-  PutText(kMain, u"FontFaceToUse", u"first\n\n[broken]");
-  PutText(kCalendar, u"MailCustomInboxStr", std::u16string(900, u'x'));
-  Put(kCalendar, u"dNumOfDays", 3);
-  std::vector<std::uint8_t> backup = BackUp();
-  OverwriteEverything();
-  ASSERT_EQ(Import(backup), 1);
-  EXPECT_EQ(Stored(kMain, u"FontFaceToUse").text, u"first");
-  EXPECT_GT(Stored(kCalendar, u"MailCustomInboxStr").text.size(), 259u) << "still too long to load";
-  EXPECT_EQ(Stored(kCalendar, u"dNumOfDays").dword, 3u);
-}
-
 // Undo puts back what no import line can carry and removes what the import
 // added; its own backup makes a second Undo take the first back.
 TEST_F(SettingsBackupTest, UndoRestoresTheTreeExactlyAndUndoesItself) {
@@ -136,10 +122,9 @@ TEST_F(SettingsBackupTest, UndoRestoresTheTreeExactlyAndUndoesItself) {
   EXPECT_EQ(data.categories.entries[0].color, 7u);
   registry().DeleteTree(kCurrentUser, u"Software\\Orvex\\Elsewhere");
 
-  struct Refusing : CountingRegistry {
-    using CountingRegistry::CountingRegistry;
+  struct Refusing : MemoryRegistry {
     long Set(RegKey, std::u16string_view, std::uint32_t, const void*, std::uint32_t) override { return 5; }
-  } refusing(registry());
+  } refusing;
   EXPECT_FALSE(RestoreSnapshot(refusing, kProductKey, TakeSnapshot(registry(), kProductKey)))
       << "a value it could not put back";
 }

@@ -104,14 +104,5 @@ TEST_F(SkinTest, ReadsUtf16FilesAndSetsEachDefaultAgain) {
   for (auto [field, colour] : defaults) EXPECT_EQ(skin.*field, colour) << std::hex << colour;
 }
 
-TEST_F(SkinTest, TextColourFromBitmapWhenThereIsNoDefinition) {
-  // A skin with the bitmap alone is among the installed skins' tests.
-  auto bitmap = MakeBitmap(24, 1, {{255, 0, 0}});
-  EXPECT_EQ(Read(u"missing").textColor[3], 0u);
-  WriteSkinFile(u"both", u"text_color.bmp", std::string(bitmap.begin(), bitmap.end()));
-  WriteSkinFile(u"both", u"skin.ini", "no line feed at all");
-  EXPECT_EQ(Read(u"both").textColor[0], 0u) << "an unreadable skin.ini still wins over the bitmap";
-}
-
 }  // namespace
 }  // namespace tw::test

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "base/scaling.h"
 #include "base/text.h"
 #include "base/wide_string.h"
 
@@ -43,14 +42,6 @@ TEST(WideStringTest, FormatsLikeTheDeviceLibrary) {
   s.Format(u"Filter %d|%5d|%-3d|%03d|%x|%X|%u|%10d|%ld|%%", 7, 42, 1, 5, 255, 255, 0xFFFFFFFFu, 7, -3);
   EXPECT_EQ(s.View(), u"Filter 7|   42|1  |005|ff|FF|4294967295|         7|-3|%");
   EXPECT_EQ(FormatText(u"%s", {std::u16string(5000, u'z')}).size(), 1023u);
-}
-
-TEST(ScalingTest, RoundsHalvesAwayFromZero) {
-  // value, dpi, VGA mode, scaled
-  const int cases[][4] = {{160, 96, 0, 160}, {160, 192, 0, 320}, {160, 131, 1, 320}, {-1, 96, 0, -1},
-                          {1, 131, 0, 1},    {1, 144, 0, 2},     {-1, 144, 0, -2},  {-7, 192, 1, -14}};
-  for (auto [value, dpi, vga, scaled] : cases)
-    EXPECT_EQ(ScaleValue(value, dpi, vga), scaled) << value << " at " << dpi << (vga ? " VGA" : "");
 }
 
 TEST(ParseLongTest, BehavesLikeWcstolWithThirtyTwoBitLong) {
