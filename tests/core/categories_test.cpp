@@ -40,6 +40,7 @@ TEST(DatabaseTextTest, ParsesRecordsSkippingWhatIsNoProperty) {
       "40020003=70000\tnot a property\t4001001F=Tab\tname\n4001001f=x");
   ASSERT_EQ(records.size(), 3u);
   EXPECT_EQ(records[0][0].text, u"Business");
+  for (int r : {0, 2}) EXPECT_EQ(records[r][0].id, kName) << "hex digits in either case";
   ASSERT_EQ(records[1].size(), 2u) << "the malformed property is dropped";
   EXPECT_EQ(records[1][1].text, u"Tab") << "the value runs to the next tab";
   EXPECT_EQ(ParseDatabaseText(FormatDatabaseText(records))[1][0].number, 70000);

@@ -66,6 +66,7 @@ TEST_F(FiltersTest, WritingAndReadingRenumbersDefaultsFromOne) {
   ASSERT_EQ(ReadFilters(read, files(), Folder()), 1);
   for (int i = 0; i < 32; ++i) EXPECT_EQ(read.entries[i].index, i + 1);
   EXPECT_EQ(read.entries[3].title, u"Work \"and\" play");
+  EXPECT_EQ(read.entries[31].title, u"Filter 32");
   EXPECT_EQ(read.entries[3].sensitivity, -2);
   EXPECT_FALSE(read.entries[3].visible);
   EXPECT_TRUE(read.entries[3].includeUncategorized);

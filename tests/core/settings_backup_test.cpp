@@ -75,6 +75,8 @@ TEST_F(SettingsBackupTest, ImportedOverAnyLaterStateItLoadsTheSameRecordAgain) {
   CategoryEntry& work = data.categories.entries.emplace_back();
   work.name.Assign(u"Work");
   work.color = 0x123456;
+  MakeDefaultFilters(data.filters);
+  data.filters.entries[5].visible = false;
   Load();
   const std::string before = DescribeRecord(*store);
   ASSERT_EQ(store->OnClick, 2) << "a DWORD stored as binary data still loads";
@@ -82,12 +84,14 @@ TEST_F(SettingsBackupTest, ImportedOverAnyLaterStateItLoadsTheSameRecordAgain) {
 
   OverwriteEverything();
   work.color = 7;
+  data.filters.entries[5].visible = true;
   Reload();
   ASSERT_NE(DescribeRecord(*store), before);
   ASSERT_EQ(Import(backup), 1);
   Reload();
   EXPECT_EQ(DescribeRecord(*store), before);
   EXPECT_EQ(data.categories.entries[0].color, 0x123456u);
+  EXPECT_FALSE(data.filters.entries[5].visible) << "the filters are backed up too";
 }
 
 // Undo puts back what no import line can carry and removes what the import
@@ -146,6 +150,9 @@ TEST_F(SettingsBackupTest, UndoRefusesABackupItCannotTrust) {
   text.erase(text.find(";D ") + 3, 1);  // an odd number of hex digits
   ASSERT_TRUE(files().WriteAll(path, text.data(), text.size()));
   EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
+  std::string other = "not a backup" + std::string(whole.begin(), whole.end()).substr(text.find('\n'));
+  ASSERT_TRUE(files().WriteAll(path, other.data(), other.size()));
+  EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable) << "unsigned";
 
   SettingsTextOutput out;
   WriteSnapshot({{u"Software\\Orvex\\TidewellOther", {}}}, out);

@@ -64,9 +64,13 @@ TEST_F(LoadSaveTest, EmptyRegistryGivesDefaults) {
   EXPECT_EQ(nonZero, kNonZeroDefaults);
   const SettingsStore& s = *store;
   EXPECT_EQ(s.SkinsFolder.View(), u"\\Program Files\\Orvex\\Tidewell\\Skins");
+  EXPECT_EQ(s.ProductFolder.View(), u"\\Program Files\\Orvex\\Tidewell");
   EXPECT_EQ(s.FontCalPast.font.lfStrikeOut, 1);
   EXPECT_EQ(s.FontGeneral.font.lfQuality, 0);
   EXPECT_EQ(std::u16string_view(s.FontGeneral.font.lfFaceName), u"Tahoma");
+  Use24HourClock(true);
+  Reload();
+  EXPECT_EQ(store->TimeFormat, 0) << "a 24-hour clock";
 }
 
 // Only what the saver judges differently from the loader is left behind:
@@ -180,18 +184,6 @@ TEST_F(LoadSaveTest, ARepeatedTitlePositionResetsTheOrder) {
   putOrder({0, 1, 2, 3, 4, 4});
   EXPECT_EQ(store->CalTitlesOrder5, 5) << "a repeated position resets the order";
   for (int i = 0; i < 6; ++i) EXPECT_FALSE(Stored(kCalendar, FormatText(u"CalTitlesOrder%d", {i})).present) << i;
-}
-
-TEST_F(LoadSaveTest, PinnedMonthNeedsAHighEnoughItem) {
-  Load();
-  store->PinnedMonthlyClr = 1;
-  store->dHeightLimit = 200;
-  Save();
-  EXPECT_EQ(Stored(kCalendar, u"PinnedMonthlyClr").dword, 1u);
-  store->dHeightLimit = 199;
-  Save();
-  EXPECT_EQ(store->PinnedMonthlyClr, 0);
-  EXPECT_FALSE(Stored(kCalendar, u"PinnedMonthlyClr").present);
 }
 
 TEST_F(LoadSaveTest, SaveRewritesHostedTabsButKeepsContacts) {

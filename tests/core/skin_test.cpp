@@ -33,13 +33,6 @@ TEST(BitmapPixelTest, TopLeftHonoursRowOrderAndDepth) {
   EXPECT_FALSE(TopLeftPixel({}).has_value());
 }
 
-TEST(SkinColorTest, ParsesComponentsModulo256) {
-  const std::pair<std::u16string_view, std::uint32_t> cases[] = {
-      {u"255,0,0", Rgb(255, 0, 0)}, {u"300,0,0", Rgb(44, 0, 0)}, {u"1,2,3", Rgb(1, 2, 3)}, {u"7,8", Rgb(7, 0, 0)},
-      {u"7,8,", Rgb(7, 8, 0)},      {u"255", 0},                 {u"x,y,z", 0}};
-  for (auto [text, colour] : cases) EXPECT_EQ(ParseSkinColor(text), colour) << Show(text);
-}
-
 class SkinTest : public PlatformTest {
  protected:
   std::u16string SkinFolder() const { return Folder() + u"\\Skins"; }

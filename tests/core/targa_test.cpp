@@ -62,7 +62,7 @@ TEST(TargaTest, LongRowsSplitEveryPixel) {
 }
 
 TEST(TargaTest, MissingBytesReadAsZeros) {
-  TargaImage raw = Decode(Targa(kRaw, 2, 2, 32, 0x10, {9, 9, 9, 9, 7}));
+  TargaImage raw = Decode(Targa(kRaw, 2, 2, 32, 0x10, {9, 9, 9, 9, 7}, 3));  // after a 3-byte id field
   EXPECT_EQ(At(raw, 1, 0), (Pixel{7, 0, 0, 0}));
   EXPECT_EQ(At(raw, 1, 1), (Pixel{0, 0, 0, 0}));
   // A zero packet byte is a raw packet of one pixel: the rows still fill.
