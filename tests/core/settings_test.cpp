@@ -62,12 +62,11 @@ TEST_F(LoadSaveTest, EmptyRegistryGivesDefaults) {
       if (v != 0) nonZero += Utf16ToUtf8(value.name) + "=" + std::to_string(v) + " ";
     }
   EXPECT_EQ(nonZero, kNonZeroDefaults);
-  const SettingsStore& s = *store;
-  EXPECT_EQ(s.SkinsFolder.View(), u"\\Program Files\\Orvex\\Tidewell\\Skins");
-  EXPECT_EQ(s.ProductFolder.View(), u"\\Program Files\\Orvex\\Tidewell");
-  EXPECT_EQ(s.FontCalPast.font.lfStrikeOut, 1);
-  EXPECT_EQ(s.FontGeneral.font.lfQuality, 0);
-  EXPECT_EQ(std::u16string_view(s.FontGeneral.font.lfFaceName), u"Tahoma");
+  EXPECT_EQ(store->SkinsFolder.View(), u"\\Program Files\\Orvex\\Tidewell\\Skins");
+  EXPECT_EQ(store->ProductFolder.View(), u"\\Program Files\\Orvex\\Tidewell");
+  EXPECT_EQ(store->FontCalPast.font.lfStrikeOut, 1);
+  EXPECT_EQ(store->FontGeneral.font.lfQuality, 0);
+  EXPECT_EQ(std::u16string_view(store->FontGeneral.font.lfFaceName), u"Tahoma");
   Use24HourClock(true);
   Reload();
   EXPECT_EQ(store->TimeFormat, 0) << "a 24-hour clock";
