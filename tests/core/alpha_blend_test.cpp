@@ -7,15 +7,6 @@
 namespace tw {
 namespace {
 
-// The shift-based division against plain rounded division, everywhere.
-TEST(AlphaBlendTest, ChannelIsTheRoundedWeightedMean) {
-  int wrong = 0;
-  for (unsigned s = 0; s < 256; ++s)
-    for (unsigned d = 0; d < 256; ++d)
-      for (unsigned a = 0; a < 256; ++a) wrong += BlendChannel(s, d, a) != (s * a + d * (255 - a) + 127) / 255;
-  EXPECT_EQ(wrong, 0);
-}
-
 // Red tells which source pixel landed; green, blue and alpha are given.
 TargaImage MakeImage(int width, int height, std::uint8_t alpha) {
   TargaImage image;

@@ -40,6 +40,7 @@ TEST(DatabaseTextTest, ParsesRecordsSkippingWhatIsNoProperty) {
       "40020003=70000\tnot a property\t4001001F=Tab\tname\n4001001f=x");
   ASSERT_EQ(records.size(), 3u);
   EXPECT_EQ(records[0][0].text, u"Business");
+  for (int r : {0, 2}) EXPECT_EQ(records[r][0].id, kName) << "hex digits in either case";
   ASSERT_EQ(records[1].size(), 2u) << "the malformed property is dropped";
   EXPECT_EQ(records[1][1].text, u"Tab") << "the value runs to the next tab";
   EXPECT_EQ(ParseDatabaseText(FormatDatabaseText(records))[1][0].number, 70000);
@@ -89,17 +90,6 @@ TEST_F(CategoriesTest, LoadsAndSavesBitmapsColoursAndMasks) {
   EXPECT_EQ(ValueNames(registry(), kCurrentUser, kCategoriesKey.path),
             (std::vector<std::u16string>{u"CatColor.Work", u"CatFilter.Work"}));
   EXPECT_EQ(Stored(kCategoriesKey.path, u"CatFilter.Work").dword, 0x80000000u);
-}
-
-TEST_F(CategoriesTest, FindsTheFirstRowHoldingY) {
-  Load({Category(u"A", 1), Category(u"B", 2)});
-  auto& entries = data.categories.entries;
-  entries[0].rowTop = 0, entries[0].rowBottom = 20;
-  entries[1].rowTop = 20, entries[1].rowBottom = 40;
-  EXPECT_EQ(data.categories.FindAtY(20), &entries[0]) << "a shared edge belongs to the first row";
-  EXPECT_EQ(data.categories.FindAtY(40), &entries[1]);
-  EXPECT_EQ(data.categories.FindAtY(41), nullptr);
-  EXPECT_EQ(data.categories.FindAtY(-1), nullptr);
 }
 
 }  // namespace

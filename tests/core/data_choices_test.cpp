@@ -190,6 +190,7 @@ TEST_F(HostedTabsTest, OffersPluginsAndAddsAndRemovesThemAsTabs) {
   EXPECT_EQ(record.tabs[0].library, u"\\Windows\\TwTest Weather.dll");
   EXPECT_EQ(record.tabs[0].order, 6) << "after every tab";
   EXPECT_EQ(record.tabs[0].dynamic, 1);
+  EXPECT_EQ(record.tabs[0].enabled, 1);
   EXPECT_EQ(AddHostedTab(record, registry(), u"TwTest Weather"), kTabExists);
 
   TabEntry& builtIn = record.tabs.emplace_back();
@@ -199,19 +200,10 @@ TEST_F(HostedTabsTest, OffersPluginsAndAddsAndRemovesThemAsTabs) {
   EXPECT_TRUE(RemoveHostedTab(record, u"TwTest Weather"));
   EXPECT_EQ(record.tabs.size(), 1u);
   EXPECT_FALSE(IsPluginEnabled(registry(), u"TwTest Weather"));
-}
-
-TEST(TabOrderTest, InsertGoesBeforeEqualOrdersExceptTheFirst) {
-  std::vector<TabEntry> tabs;
-  for (int order : {5, 3, 9, 5, 3}) {
-    TabEntry entry;
-    entry.order = order;
-    entry.name.Assign(FormatText(u"%d-%d", {order, static_cast<int>(tabs.size())}));
-    InsertTab(tabs, std::move(entry));
-  }
-  std::vector<std::u16string> names;
-  for (const TabEntry& tab : tabs) names.push_back(tab.name.Str());
-  EXPECT_EQ(names, (std::vector<std::u16string>{u"3-1", u"3-4", u"5-3", u"5-0", u"9-2"}));
+  WriteText(registry(), kLocalMachine, Item(u"TwTest Date"), u"DLL", std::u16string(258, u'd'));
+  EXPECT_EQ(AddHostedTab(record, registry(), u"TwTest Date"), kNoMessage);
+  EXPECT_EQ(record.tabs.back().library.View(), std::u16string(255, u'd')) << "the tab's 256-character field";
+  EXPECT_EQ(ListFontFaces({u"Tahoma", u"Tahoma"}, u"Tahoma").selected, 0) << "the first of a repeated face";
 }
 
 }  // namespace

@@ -34,27 +34,6 @@ class FiltersTest : public PlatformTest {
   FilterList filters;
 };
 
-TEST_F(FiltersTest, ThirtyTwoSectionsAreNumberedFromOneAndAnythingElseGivesDefaultsFromZero) {
-  ASSERT_EQ(Read(Sections(32)), 1);
-  ASSERT_EQ(filters.entries.size(), 32u);
-  const FilterEntry& seventh = filters.entries[6];
-  EXPECT_EQ(seventh.index, 7);
-  EXPECT_EQ(seventh.title, u"T6");
-  EXPECT_EQ(seventh.sensitivity, 1);
-  EXPECT_FALSE(seventh.visible);
-  EXPECT_TRUE(seventh.includeUncategorized);
-  EXPECT_EQ(filters.entries[0].sensitivity, -5);
-
-  for (std::u16string text : {Sections(31), Sections(33), Sections(31, 1) + Sections(1, 0), std::u16string()}) {
-    EXPECT_EQ(Read(text), 0) << text.size();
-    ASSERT_EQ(filters.entries.size(), 32u);
-    for (int i : {0, 31}) {
-      EXPECT_EQ(filters.entries[i].index, i);
-      EXPECT_EQ(filters.entries[i].title, FormatText(u"Filter %d", {i + 1}));
-    }
-  }
-}
-
 TEST_F(FiltersTest, LinesAreReadByPosition) {
   EXPECT_EQ(Read(Sections(1, 0) + Sections(1, 5) + Sections(31, 1)), 1)
       << "an out-of-order section is skipped up to the expected header";
@@ -87,22 +66,10 @@ TEST_F(FiltersTest, WritingAndReadingRenumbersDefaultsFromOne) {
   ASSERT_EQ(ReadFilters(read, files(), Folder()), 1);
   for (int i = 0; i < 32; ++i) EXPECT_EQ(read.entries[i].index, i + 1);
   EXPECT_EQ(read.entries[3].title, u"Work \"and\" play");
+  EXPECT_EQ(read.entries[31].title, u"Filter 32");
   EXPECT_EQ(read.entries[3].sensitivity, -2);
   EXPECT_FALSE(read.entries[3].visible);
   EXPECT_TRUE(read.entries[3].includeUncategorized);
-}
-
-TEST(FilterListTest, InsertGoesBeforeEqualIndexesExceptTheHead) {
-  FilterList list;
-  for (int index : {5, 3, 9, 5, 7, 3}) {
-    FilterEntry entry;
-    entry.index = index;
-    entry.title.Assign(FormatText(u"%d-%d", {index, static_cast<int>(list.entries.size())}));
-    list.Insert(std::move(entry));
-  }
-  std::vector<std::u16string> titles;
-  for (const FilterEntry& entry : list.entries) titles.push_back(entry.title.Str());
-  EXPECT_EQ(titles, (std::vector<std::u16string>{u"3-1", u"3-5", u"5-3", u"5-0", u"7-4", u"9-2"}));
 }
 
 }  // namespace

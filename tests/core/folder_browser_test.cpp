@@ -1,4 +1,5 @@
 #include "data/folder_browser.h"
+#include "platform/folder_listing.h"
 #include "tests/support/test_platform.h"
 
 namespace tw::test {
@@ -25,6 +26,22 @@ TEST_F(FolderBrowserTest, StartsInTheDeepestFolderOnTheWay) {
     browser.Start(c.start);
     EXPECT_EQ(Show(browser.Folder()), Show(c.folder)) << Show(c.start) << " in " << c.room;
   }
+  ASSERT_TRUE(files().WriteAll(Folder() + u"\\a.txt", "x", 1));
+  for (BrowseFor target : {BrowseFor::Folder, BrowseFor::File}) {
+    FolderBrowser browser(files(), locale(), target, 256);
+    for (int again = 0; again < 2; ++again) browser.Start(Folder());  // a new listing replaces the old
+    std::u16string listed;
+    for (const BrowseEntry& entry : browser.Entries()) listed += entry.name + (entry.isFolder ? u"\\ " : u" ");
+    EXPECT_EQ(Show(listed), target == BrowseFor::File ? "Notes\\ a.txt " : "Notes\\ ") << "folders first";
+  }
+}
+
+// Icons are probed only where the listing cannot rule their files out.
+TEST_F(FolderBrowserTest, AListingRulesOutOnlyAsciiNamesItLacks) {
+  ASSERT_TRUE(files().WriteAll(Folder() + u"\\Sky.bmp", "x", 1));
+  FolderListing listing(files(), Folder());
+  EXPECT_TRUE(listing.MayHold(u"sky.BMP"));
+  EXPECT_FALSE(listing.MayHold(u"Sea.bmp"));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "data/registry_snapshot.h"
 #include "data/settings_file.h"
 #include "platform/memory/folder_file_system.h"
+#include "platform/memory/memory_registry.h"
 #include "tests/support/record_text.h"
 #include "tests/support/settings_fixture.h"
 
@@ -74,6 +75,8 @@ TEST_F(SettingsBackupTest, ImportedOverAnyLaterStateItLoadsTheSameRecordAgain) {
   CategoryEntry& work = data.categories.entries.emplace_back();
   work.name.Assign(u"Work");
   work.color = 0x123456;
+  MakeDefaultFilters(data.filters);
+  data.filters.entries[5].visible = false;
   Load();
   const std::string before = DescribeRecord(*store);
   ASSERT_EQ(store->OnClick, 2) << "a DWORD stored as binary data still loads";
@@ -81,33 +84,21 @@ TEST_F(SettingsBackupTest, ImportedOverAnyLaterStateItLoadsTheSameRecordAgain) {
 
   OverwriteEverything();
   work.color = 7;
+  data.filters.entries[5].visible = true;
   Reload();
   ASSERT_NE(DescribeRecord(*store), before);
   ASSERT_EQ(Import(backup), 1);
   Reload();
   EXPECT_EQ(DescribeRecord(*store), before);
   EXPECT_EQ(data.categories.entries[0].color, 0x123456u);
-}
-
-// A value no line can carry as it stands is cut, so that the file stays
-// importable to its end; the loader sees the same beyond 259 characters.
-TEST_F(SettingsBackupTest, ValuesTheFileCannotCarryAreCutNotFatal) {
-  PutText(kMain, u"FontFaceToUse", u"first\n\n[broken]");
-  PutText(kCalendar, u"MailCustomInboxStr", std::u16string(900, u'x'));
-  Put(kCalendar, u"dNumOfDays", 3);
-  std::vector<std::uint8_t> backup = BackUp();
-  OverwriteEverything();
-  ASSERT_EQ(Import(backup), 1);
-  EXPECT_EQ(Stored(kMain, u"FontFaceToUse").text, u"first");
-  EXPECT_GT(Stored(kCalendar, u"MailCustomInboxStr").text.size(), 259u) << "still too long to load";
-  EXPECT_EQ(Stored(kCalendar, u"dNumOfDays").dword, 3u);
+  EXPECT_FALSE(data.filters.entries[5].visible) << "the filters are backed up too";
 }
 
 // Undo puts back what no import line can carry and removes what the import
 // added; its own backup makes a second Undo take the first back.
 TEST_F(SettingsBackupTest, UndoRestoresTheTreeExactlyAndUndoesItself) {
   const std::uint8_t bytes[] = {1, 0, 2};
-  WriteRaw(registry(), kCurrentUser, kMain, u"Blob", kRegBinary, bytes, sizeof bytes);
+  WriteRaw(registry(), kCurrentUser, kMain, u"Blob", 9, bytes, sizeof bytes);  // any type, a 9 among its digits
   PutText(kCalendar, u"Long", std::u16string(900, u'x'));
   PutText(kCalendar, u"Odd \"name\"\n", u"a \"quoted\" value");
   Put(std::u16string(kMain) + u"\\Unknown\\Deeper", u"Kept", 9);
@@ -134,6 +125,12 @@ TEST_F(SettingsBackupTest, UndoRestoresTheTreeExactlyAndUndoesItself) {
   EXPECT_EQ(Describe(TakeSnapshot(registry(), kProductKey)), imported);
   EXPECT_EQ(data.categories.entries[0].color, 7u);
   registry().DeleteTree(kCurrentUser, u"Software\\Orvex\\Elsewhere");
+
+  struct Refusing : MemoryRegistry {
+    long Set(RegKey, std::u16string_view, std::uint32_t, const void*, std::uint32_t) override { return 5; }
+  } refusing;
+  EXPECT_FALSE(RestoreSnapshot(refusing, kProductKey, TakeSnapshot(registry(), kProductKey)))
+      << "a value it could not put back";
 }
 
 // A backup Undo cannot trust changes nothing: none at all, one cut short, one
@@ -150,6 +147,12 @@ TEST_F(SettingsBackupTest, UndoRefusesABackupItCannotTrust) {
   ASSERT_TRUE(files().WriteAll(path, whole.data(), cut));
   Put(kCalendar, u"dNumOfDays", 4);
   EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
+  text.erase(text.find(";D ") + 3, 1);  // an odd number of hex digits
+  ASSERT_TRUE(files().WriteAll(path, text.data(), text.size()));
+  EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
+  std::string other = "not a backup" + std::string(whole.begin(), whole.end()).substr(text.find('\n'));
+  ASSERT_TRUE(files().WriteAll(path, other.data(), other.size()));
+  EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable) << "unsigned";
 
   SettingsTextOutput out;
   WriteSnapshot({{u"Software\\Orvex\\TidewellOther", {}}}, out);

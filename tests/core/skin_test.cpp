@@ -21,18 +21,16 @@ TEST(BitmapPixelTest, TopLeftHonoursRowOrderAndDepth) {
         << bits << " bits";
 
   auto good = MakeBitmap(24, 1, {{1, 2, 3}}, false);
+  EXPECT_EQ(TopLeftPixel(good), Rgb(3, 2, 1));
+  // The older 12-byte header: 16-bit width and height. One pixel wide, two high.
+  const std::vector<std::uint8_t> core = {'B', 'M', 0, 0, 0, 0, 0, 0, 0, 0, 26, 0, 0, 0, 12, 0, 0, 0,
+                                          1,   0,   2, 0, 1, 0, 24, 0, 9, 9, 9, 0, 1, 2, 3, 0};
+  EXPECT_EQ(TopLeftPixel(core), Rgb(3, 2, 1));
   EXPECT_FALSE(TopLeftPixel(std::vector<std::uint8_t>(good.begin(), good.begin() + 56)).has_value());
   std::fill_n(good.begin() + 22, 3, 0xFF);  // the last row lies far past the end
   EXPECT_FALSE(TopLeftPixel(good).has_value());
   EXPECT_FALSE(TopLeftPixel(MakeBitmap(8, 1, {{200}}, false, {0x1})).has_value()) << "index outside the palette";
   EXPECT_FALSE(TopLeftPixel({}).has_value());
-}
-
-TEST(SkinColorTest, ParsesComponentsModulo256) {
-  const std::pair<std::u16string_view, std::uint32_t> cases[] = {
-      {u"255,0,0", Rgb(255, 0, 0)}, {u"300,0,0", Rgb(44, 0, 0)}, {u"1,2,3", Rgb(1, 2, 3)}, {u"7,8", Rgb(7, 0, 0)},
-      {u"7,8,", Rgb(7, 8, 0)},      {u"255", 0},                 {u"x,y,z", 0}};
-  for (auto [text, colour] : cases) EXPECT_EQ(ParseSkinColor(text), colour) << Show(text);
 }
 
 class SkinTest : public PlatformTest {
@@ -70,7 +68,7 @@ TEST_F(SkinTest, ReadsColoursEffectsAndFlags) {
   EXPECT_EQ(skin.scroll_bk_color, Rgb(140, 140, 140));
 }
 
-TEST_F(SkinTest, ReadsUtf16FilesAndKeepsUndefaultedFields) {
+TEST_F(SkinTest, ReadsUtf16FilesAndSetsEachDefaultAgain) {
   std::string utf16;
   for (char c : std::string("\"shadow\"=\"shadow\"\r\n\"hide_scroll_bk\"=\"HIDE\"\r\n")) utf16 += {c, '\0'};
   WriteSkinFile(u"wide", u"skin.ini", utf16);
@@ -78,20 +76,25 @@ TEST_F(SkinTest, ReadsUtf16FilesAndKeepsUndefaultedFields) {
   SkinColors skin = Read(u"wide");
   EXPECT_EQ(skin.textEffect[7], SkinColors::kEffectShadow);
   EXPECT_EQ(skin.hide_scroll_bk, 1);
+  using C = SkinColors;
+  constexpr std::uint32_t white = Rgb(255, 255, 255), text = Rgb(70, 50, 56);
+  const std::pair<std::uint32_t C::*, std::uint32_t> defaults[] = {
+      {&C::scroll_bk_color, Rgb(140, 140, 140)},       {&C::highlight_default_color, Rgb(44, 77, 156)},
+      {&C::highlight_text_color, white},               {&C::blending_base_color, white},
+      {&C::monthly_clr_weekdays, Rgb(150, 218, 133)},  {&C::monthly_clr_weekdays_txt, text},
+      {&C::monthly_clr_weekends, Rgb(181, 201, 235)},  {&C::monthly_clr_weekends_txt, text},
+      {&C::monthly_clr_curr_day, Rgb(238, 241, 143)},  {&C::monthly_clr_curr_day_txt, text},
+      {&C::monthly_clr_prev_month, Rgb(230, 220, 230)}, {&C::monthly_clr_prev_month_txt, Rgb(156, 130, 136)},
+      {&C::monthly_clr_weeknums, Rgb(150, 150, 150)},  {&C::monthly_clr_weeknums_txt, white},
+      {&C::monthly_clr_highlight, Rgb(130, 120, 220)}, {&C::monthly_clr_highlight_txt, Rgb(116, 80, 86)},
+      {&C::monthly_clr_dayttls_txt, Rgb(40, 40, 40)},  {&C::pinned_clr_blend_base, white}};
+  for (auto [field, colour] : defaults) skin.*field = 1;
   skin.color_tsks_sort = Rgb(1, 1, 1);
   ReadSkin(skin, u"plain", SkinFolder(), files());
   EXPECT_EQ(skin.textEffect[0], SkinColors::kEffectNone);
   EXPECT_EQ(skin.hide_scroll_bk, 0);
   EXPECT_EQ(skin.color_tsks_sort, Rgb(1, 1, 1)) << "fields without a default keep their value";
-}
-
-TEST_F(SkinTest, TextColourFromBitmapWhenThereIsNoDefinition) {
-  // A skin with the bitmap alone is among the installed skins' tests.
-  auto bitmap = MakeBitmap(24, 1, {{255, 0, 0}});
-  EXPECT_EQ(Read(u"missing").textColor[3], 0u);
-  WriteSkinFile(u"both", u"text_color.bmp", std::string(bitmap.begin(), bitmap.end()));
-  WriteSkinFile(u"both", u"skin.ini", "no line feed at all");
-  EXPECT_EQ(Read(u"both").textColor[0], 0u) << "an unreadable skin.ini still wins over the bitmap";
+  for (auto [field, colour] : defaults) EXPECT_EQ(skin.*field, colour) << std::hex << colour;
 }
 
 }  // namespace
