@@ -159,9 +159,21 @@ def replayed(tree, record, only):
 
 
 def refresh_copy(tree):
-    """Copies the tracked files into the work tree, touching only those that differ."""
+    """Copies the tracked files into the work tree, touching only those that
+    differ, and removes the copy's files that are no longer tracked (a source
+    file left behind would still be globbed into the build). The copy's own
+    build folder is left alone; links are removed, never followed."""
     listed = subprocess.run(["git", "ls-files", "-z"], cwd=TOP, check=True, capture_output=True).stdout
-    for name in filter(None, listed.decode().split("\0")):
+    names = set(filter(None, listed.decode().split("\0")))
+    for folder, subfolders, files in os.walk(tree):
+        here = Path(folder)
+        if here == tree:
+            subfolders[:] = [name for name in subfolders if name not in ("build", ".git")]
+        for name in files:
+            path = here / name
+            if str(path.relative_to(tree)) not in names:
+                path.unlink()
+    for name in sorted(names):
         source, target = TOP / name, tree / name
         if not source.is_file() or source.is_symlink():
             continue
