@@ -55,6 +55,7 @@ std::span<const ColourRow> ColourRows() { return kColourRows; }
 ColoursPage::ColoursPage(const PageContext& context) : SettingsPage(context) {
   LoadCommonControls();
   CreateControls();
+  ListViewBatch batch(controls_[kColourList]);
   for (const ColourRow& row : kColourRows) ListViewAddRow(controls_[kColourList], Text(row.name).View());
   FillSchemeList();
 }
@@ -90,6 +91,7 @@ void ColoursPage::CreateControls() {
 
 void ColoursPage::FillSchemeList() {
   Win32FileSystem files;
+  ListViewBatch batch(controls_[kSchemeList]);
   for (const std::u16string& name : ListSchemes(files, settings().InstallFolder.View()))
     ListViewAddRow(controls_[kSchemeList], name);
 }

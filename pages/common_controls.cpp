@@ -115,6 +115,18 @@ void ListViewAddRow(HWND list, std::u16string_view text) {
   ListViewFitColumn(list);
 }
 
+ListViewBatch::ListViewBatch(HWND list)
+    : list_(list), hidden_((GetWindowLongW(list, GWL_STYLE) & WS_VISIBLE) == 0) {
+  SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+}
+
+// Redrawing on again sets the visible style, as it does on Windows.
+ListViewBatch::~ListViewBatch() {
+  SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+  if (hidden_) SetWindowLongW(list_, GWL_STYLE, GetWindowLongW(list_, GWL_STYLE) & ~WS_VISIBLE);
+  ListViewFitColumn(list_);
+}
+
 void ListViewSetRowText(HWND list, int row, std::u16string_view text) {
   std::wstring terminated = ToWide(text);
   LVITEMW item = {};

@@ -62,8 +62,11 @@ void FilterPanel::CreateControls() {
       WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_NOCOLUMNHEADER | LVS_SHOWSELALWAYS);
   Place();
   ListViewPrepare(controls_[kMembers], true);
-  for (const CategoryEntry& category : data_.categories.entries)
-    ListViewAddRow(controls_[kMembers], category.name.View());
+  {
+    ListViewBatch batch(controls_[kMembers]);
+    for (const CategoryEntry& category : data_.categories.entries)
+      ListViewAddRow(controls_[kMembers], category.name.View());
+  }
   FillFilterChoice();
   ShowFilter(0);
 }

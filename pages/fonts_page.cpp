@@ -71,6 +71,7 @@ FontsPage::FontsPage(const PageContext& context) : SettingsPage(context) {
   FillSize(controls_[kTitleSize], settings().FontGnrlTitlesSize);
   SetChecked(controls_[kAdvanced], settings().FontGnrlUseAdvncd != 0);
   ApplyEnableRule();
+  ListViewBatch batch(controls_[kFontList]);
   for (const FontRow& row : kFontRows) ListViewAddRow(controls_[kFontList], Text(row.name).View());
 }
 

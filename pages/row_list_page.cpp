@@ -151,6 +151,7 @@ HWND RowListPage::ShownList(int tab) {
   HWND list = AddControl(WC_LISTVIEWW, L"", kListStyle, listArea_, ids_.first + kFirstListId + tab,
                          context().normalFont);
   ListViewPrepare(list);
+  ListViewBatch batch(list);
   for (const Row& row : tabs_[tab].rows) ListViewAddRow(list, Text(row.name).View());
   lists_[tab] = list;
   return list;
@@ -392,7 +393,10 @@ void RowListPage::CreateFormRow(const Row& row, int tab, RECT& area, int& id) {
     case EditorKind::FlagList:
       form.control = AddControl(WC_LISTVIEWW, L"", kListStyle, Box(area.left, area.top, width, height), id++, font);
       ListViewPrepare(form.control, true);
-      for (const CheckItem& item : row.items) ListViewAddRow(form.control, Text(item.label).View());
+      {
+        ListViewBatch batch(form.control);
+        for (const CheckItem& item : row.items) ListViewAddRow(form.control, Text(item.label).View());
+      }
       break;
     default:
       form.control = AddControl(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,

@@ -154,6 +154,7 @@ void TabsPage::CreateControls(const TabsLayout& at) {
 }
 
 void TabsPage::FillList() {
+  ListViewBatch batch(controls_[kTabList]);
   for (std::u16string_view row : ListedTabs(settings())) ListViewAddRow(controls_[kTabList], row);
 }
 
