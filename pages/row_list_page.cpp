@@ -150,8 +150,8 @@ HWND RowListPage::ShownList(int tab) {
   if (lists_[tab] != nullptr) return lists_[tab];
   HWND list = AddControl(WC_LISTVIEWW, L"", kListStyle, listArea_, ids_.first + kFirstListId + tab,
                          context().normalFont);
-  ListViewPrepare(list);
   ListViewBatch batch(list);
+  ListViewPrepare(list);
   for (const Row& row : tabs_[tab].rows) ListViewAddRow(list, Text(row.name).View());
   lists_[tab] = list;
   return list;
