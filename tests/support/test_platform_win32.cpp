@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "platform/win32/device.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win32_bitmaps.h"
 #include "platform/win32/win32_database.h"
@@ -65,6 +66,10 @@ std::wstring HostHomeFolder() {
 }
 
 void PlatformTest::SetUp() {
+  // Paths without a drive resolve against the current one: the prefix's C:,
+  // as for the program, never the host's root, which Wine shows as the
+  // current drive Z: when the suite starts in the build tree.
+  device::EnterDeviceFileSystem();
   for (auto path : kCleanCurrentUser) gRegistry.DeleteTree(kCurrentUser, path);
   for (auto path : kCleanLocalMachine) gRegistry.DeleteTree(kLocalMachine, path);
   ASSERT_TRUE(RemoveTestFolder(Folder())) << "a test folder that is a link or cannot be emptied";
