@@ -1,6 +1,6 @@
-// The Calendar page driven as a user would: rows selected in the lists,
-// editors changed, tabs and pages switched, strips tapped, Done pressed;
-// then the record and the registry are checked.
+// The Calendar page: its table against the page's description, then what
+// only this page does, driven as a user would: the pinned month's check,
+// the date samples, the title order, the marker strips and the preview.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -21,15 +21,13 @@ namespace tw::test {
 namespace {
 
 constexpr int kCalendarSlot = 1;
-constexpr RowAt kNumOfDaysRow{0, 1}, kTimelinesLengthRow{3, 15}, kVerticalZoomRow{3, 16}, kPinnedRow{5, 9},
-    kDueDateRow{2, 10}, kDayTitleRow{3, 1}, kTitleOrderRow{7, 7};
+constexpr RowAt kPinnedRow{5, 9}, kDueDateRow{2, 10}, kDayTitleRow{3, 1}, kTitleOrderRow{7, 7};
 constexpr int kAppointmentRightStrip = 4, kTaskRightStrip = 5;
 constexpr std::int32_t kAllAppointmentMarkers = 479, kAllTaskMarkers = 383;
 constexpr unsigned kPinnedText = 40914, kPinnedCaption = 40915, kDayTitleName = 40310;
 
 class CalendarTest : public RowPageTest<CalendarPage, kCalendarSlot> {
  protected:
-  std::u16string Shown() { return ComboText(EditorWindow(kDropDown), ComboSelection(EditorWindow(kDropDown))); }
   // A tap in the middle of a strip's cell.
   void TapStrip(int strip, int cell) {
     LPARAM at = MAKELPARAM(ScaleX(16) * cell + ScaleX(8), ScaleY(8));
@@ -47,37 +45,46 @@ class CalendarTest : public RowPageTest<CalendarPage, kCalendarSlot> {
   }
 };
 
-TEST_F(CalendarTest, EveryRowShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  Settings().dHeightLimit = ScaleX(400);  // the pinned month view may be stored
-  WalkEveryRow(CalendarTabs());
-}
-
-TEST_F(CalendarTest, NumberRowsShowTheirOffsets) {
-  OpenPage();
-  Settings().dNumOfDays = 1;
-  SelectRow(kNumOfDaysRow);
-  EXPECT_EQ(Shown(), u"1");
-  ComboSelect(EditorWindow(kDropDown), ComboCount(EditorWindow(kDropDown)) - 1);
-  for (auto [length, shown] : {std::pair{0, u"6"}, std::pair{18, u"24"}}) {
-    Settings().TimelinesLength = length;
-    SelectRow(kTimelinesLengthRow);
-    EXPECT_EQ(Shown(), shown);
-    Deselect();
-  }
-  EXPECT_EQ(Settings().dNumOfDays, 30) << "stored when another tab's row was chosen";
-  // A zoom of 0 has no entry: nothing is selected and the value survives.
-  Settings().TimelinesVertZ = 0;
-  SelectRow(kVerticalZoomRow);
-  EXPECT_EQ(ComboSelection(EditorWindow(kDropDown)), -1);
-  Deselect();
-  EXPECT_EQ(Settings().TimelinesVertZ, 0);
-  Settings().TimelinesVertZ = 2;
-  SelectRow(kVerticalZoomRow);
-  EXPECT_EQ(Shown(), u"2");
-  Command(IDOK);
-  EXPECT_EQ(Saved(&SettingsStore::dNumOfDays), 30);
-  EXPECT_EQ(Saved(&SettingsStore::TimelinesVertZ), 2);
+TEST(CalendarPage, TableIsAsDescribed) {
+  const Described rows[] = {
+      {0, 40262, 40323, 40324, u"dNumOfDays", 30, 1, 1}, {0, 40263, 40325, 40326, u"HideNoAppoDays"},
+      {0, 40922, 40922, 40935, u"SEventsOnClr"}, {0, 40264, 40327, 40328, u"TimeFormat", 2, 47},
+      {0, 40265, 40329, 40330, u"FirstWeekInYear", 4, 40331}, {0, 40266, 40335, 40336, u"ClrTextColor", 3, 40337},
+      {1, 40267, 40340, 40341, u"dAppoPassedToday", 2, 28}, {1, 40268, 40342, 40343, u"IncludeYearlyCounters"},
+      {1, 40269, 40344, 40345, u"LeadingRects", 3, 40346}, {1, 40270, 40349, 40350, u"Conflicting", 3, 40351},
+      {2, 40271, 40354, 40355, u"IncldTasksInCR"}, {2, 40272, 40356, 40357, u"IncldOverDueTsksInCR"},
+      {2, 40273, 40358, 40359, u"IncldFutureTsksInCR"}, {2, 40274, 40360, 40361, u"IncldUndatedTsksInCR"},
+      {2, 40275, 40936, 40937, u"DatesToIncldCmpltdTsksOnClr", 4, 40938},
+      {2, 40276, 40364, 40365, u"IncldPastCmpltdTsksInClndr"},
+      {2, 40923, 40942, 40943, u"FutureLimitTsksOnClr", 8, 40781},
+      {2, 40277, 40366, 40367, u"TasksSubsortOnCal", 7, 40368},
+      {2, 40278, 40375, 40376, u"SkipActiveTsksWeekends", 4, 40377}, {2, 40279, 40381, 40382, u"DueDateTsksDateFrmt"},
+      {2, 40280, 40383, 40384, u"IncludeTsksCheckBoxes"}, {2, 40281, 40385, 40386, u"ShowActiveTsksOnCal"},
+      {2, 40282, 40387, 40388, u"PaintTsksBeforeAppts"}, {2, 40283, 40389, 40390, u"ConfirmTaskComplete"},
+      {3, 40284, 40391, 40392, u"DayTtlFrmt"}, {3, 40285, 40393, 40394, u"dDayBreaker", 4, 25},
+      {3, 40286, 40395, 40396, u"TimeLines", 3, 40397}, {3, 40287, 40400, 40401, u"ShowTomorrowTtl"},
+      {3, 40288, 40402, 40403, u"IncldCounters"}, {3, 40289, 40404, 40405, u"UseSmartFolding"},
+      {3, 40290, 40406, 40407, u"FoldingType", 3, 40408}, {3, 40924, 40945, 40946, u"FoldingDfltState", 2, 40947},
+      {3, 40291, 40415, 40416, u"FilterFreeApptsFromTL"}, {3, 40294, 40419, 40420, u"ForceTodayTitleDsply"},
+      {3, 40295, 40421, 40422, u"AppendDateToTodayTtl"}, {3, 40296, 40423, 40424, u"AppendDaysCountTottl"},
+      {3, 40297, 40425, 40426, u"AppendWeekNumTottl"}, {3, 40925, 40417, 40418, u"TimelinesStart"},
+      {3, 40926, 40949, 40950, u"TimelinesLength", 19, 6}, {3, 40927, 40898, 40899, u"TimelinesVertZ", 2, 1, 1},
+      {3, 40928, 40900, 40901, u"TimelinesHorZ", 2, 1, 1},
+      {5, 40298, 40427, 40428, u"OnPopupMonthCalClick", 4, 40429}, {5, 40299, 40433, 40434, u"MonthlyPopupCalDateFrmt"},
+      {5, 40300, 40902, 40903, u"MonthlyStartDay"}, {5, 40929, 40904, 40905, u"FirstWorkDay"},
+      {5, 40301, 40437, 40438, u"MonthlyPopWithWeekNum"}, {5, 40930, 40906, 40907, u"MonthlyPopTimelines", 3, 40916},
+      {5, 40931, 40908, 40909, u"MonthlyPopCatIcons"}, {5, 40932, 40910, 40911, u"MonthlyPopIconsSize", 0, 0, 6},
+      {5, 40933, 40912, 40913, u"PinnedMonthlyClr"},
+      {6, 40302, 40439, 40440, u"IncludeMainOnCal"}, {6, 40304, 40441, 40442, u"MailHideWhenZeroMsgs"},
+      {6, 40306, 40443, 40444, u"MailTitleFormat", 4, 40445}, {6, 40307, 40449, 40450, u"MailSoftwareToUse", 2, 40451},
+      {6, 40308, 40453, 40454, u"MailCustomInboxStr"}, {6, 40309, 40455, 40456, u"HideMailTtlUnderToday"},
+      {6, 40934, 40457, 40458, u"ShowMailCounterOnTtl"},
+      {7, 40316, 40459, 40460, u"Force2DigitsTImeFrmt"}, {7, 40317, 40466, 40467, u"SkinTodayWhenCollpsAll"},
+      {7, 40318, 40470, 40471, u"HumanTime", 9}, {7, 40319, 40472, 40473, u"HideOverDueTsksDayTtl"},
+      {7, 40320, 40474, 40475, u"HideUndatedTsksDayTtl"}, {7, 40321, 40476, 40477, u"CustomDayttlFrmtDefault"},
+      {7, 40322, 0, 0, u""},
+  };
+  ExpectDescribed(CalendarTabs(), {40240, 40241, 40242, 40243, 40244, 40245, 40246, 40247}, rows);
 }
 
 TEST_F(CalendarTest, PinnedMonthNeedsTheHeightLimit) {
@@ -153,27 +160,6 @@ TEST_F(CalendarTest, TitleOrderResetsAndMovesWithinItsEnds) {
   EXPECT_EQ(Saved(&SettingsStore::CalTitlesOrder4), 5);
 }
 
-TEST_F(CalendarTest, LeavingThePageStoresAndComingBackShowsNoRow) {
-  OpenPage();
-  Settings().dNumOfDays = 3;
-  SelectRow(kNumOfDaysRow);
-  ComboSelect(EditorWindow(kDropDown), 9);
-  SelectPage(kAboutPage);
-  EXPECT_EQ(Settings().dNumOfDays, 10);
-  SelectPage(kCalendarSlot);
-  EXPECT_EQ(ListViewSelection(Page()->List(0)), -1);
-  EXPECT_FALSE(IsWindowVisible(EditorWindow(kDropDown)));
-
-  SelectRow(kNumOfDaysRow);
-  ComboSelect(EditorWindow(kDropDown), 4);
-  Page()->Fill(99, 0);  // rows outside a tab do nothing
-  Page()->Store(0, 0);
-  EXPECT_EQ(Settings().dNumOfDays, 10);
-  ComboSelect(EditorWindow(kDropDown), -1);
-  Command(IDOK);  // destruction stores; an empty drop-down keeps the value
-  EXPECT_EQ(Saved(&SettingsStore::dNumOfDays), 10);
-}
-
 // Strips offer only their own kind's markers and store the sum; the preview
 // shows a change at once.
 TEST_F(CalendarTest, StripsOfferTheirKindsFlagsAndStoreTheSum) {
@@ -197,18 +183,8 @@ TEST_F(CalendarTest, StripsOfferTheirKindsFlagsAndStoreTheSum) {
   EXPECT_FALSE(Stored(kCalendarKey.path, u"ClrTaskRightIcons").present) << "everything marked is the default";
 }
 
-// Every tab at each screen, with the first and the last row shown, so each
-// kind of editor is laid out; the pictures are kept under the build tree.
-TEST_F(CalendarTest, EveryTabFitsEachScreen) {
-  CheckEveryScreen(L"calendar", kCalendarTabCount, [&] { OpenPage(); }, [&](int tab) {
-    SelectTab(tab);
-    int rows = int(CalendarTabs()[tab].rows.size());
-    if (rows == 0) return;
-    SelectRow({tab, 1});
-    ExpectLayoutFits("first row of tab " + std::to_string(tab));
-    SelectRow({tab, rows});
-  });
-}
+// The pictures are kept under the build tree; the icon tab's is the README's.
+TEST_F(CalendarTest, EveryTabFitsEachScreen) { CheckEveryTab(L"calendar", kCalendarTabCount); }
 
 }  // namespace
 }  // namespace tw::test

@@ -28,9 +28,14 @@ class PimSourceTest : public RowPageTest<PimSourcePage, 8> {
   }
 };
 
-TEST_F(PimSourceTest, EveryControlShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  WalkEveryRow(PimSourceTabs());
+TEST(PimSourcePage, TableIsAsDescribed) {
+  const Described rows[] = {
+      {0, 0, 40556, 0, u"dUsedPIM", 4, 22}, {0, 0, 40557, 0, u""}, {0, 0, 40558, 0, u"dCustomPIMCalendar"},
+      {0, 0, 40559, 0, u"dCustomPIMTasks"}, {0, 0, 40560, 0, u"dCustomPIMContacts"},
+      {1, 0, 40561, 0, u"OverridePimCatIcons"}, {1, 0, 40562, 0, u"OverridePimCatColros"},
+      {1, 0, 40563, 0, u"LeaveAFRunning"}, {1, 0, 40564, 0, u"HideABCVals"},
+  };
+  ExpectDescribed(PimSourceTabs(), {40554, 40555}, rows);
 }
 
 // The custom databases' rows only for them, leaving Agenda Fusion running
@@ -79,8 +84,7 @@ TEST_F(PimSourceTest, PathsComeFromTheChooserOrAsTyped) {
 
 TEST_F(PimSourceTest, EveryTabFitsEachScreen) {
   WriteDword(registry(), kCurrentUser, kProductKey, u"dUsedPIM", 2);  // every row enabled
-  CheckEveryScreen(L"pim-source", kPimSourceTabCount, [&] { OpenPage(); },
-                                  [&](int tab) { SelectTab(tab); });
+  CheckEveryTab(L"pim-source", kPimSourceTabCount);
 }
 
 }  // namespace
