@@ -43,23 +43,12 @@ class GeneralTest : public RowPageTest<GeneralPage, kGeneralSlot> {
 
 TEST(GeneralPage, TableIsAsDescribed) {
   const Described rows[] = {
-      {0, 40633, 40655, 40656, u"OnClick", 3, 31}, {0, 40634, 40658, 40659, u"OnDoubleClick", 3, 40660},
-      {0, 40635, 40663, 40664, u"dHeightLimit"}, {0, 40636, 40665, 40666, u"dHeightLimitLandscape"},
-      {0, 40637, 40667, 40668, u"SelectedLangResFile"}, {0, 40638, 40669, 40670, u"dSelectedSkin"},
-      {0, 40639, 40671, 40672, u"EnableSoundEffect"}, {0, 40640, 40673, 40674, u"LockDpad"},
-      {0, 40641, 40675, 40676, u"LockDpadHorizental"}, {0, 40648, 40695, 40696, u"FontFaceToUse"},
-      {0, 40650, 40702, 40703, u"RemoveHighlight"}, {0, 40653, 40708, 40709, u"GoofyMode"},
-      {0, 40963, 40963, 40968, u"IndentItems"},
-      {1, 0, 40652, 0, u"RemoveTabsBar"}, {1, 0, 40964, 0, u"RemoveSettingsButton"},
-      {1, 0, 40644, 0, u"RemoveSeparatingLine"}, {1, 0, 40649, 0, u"FilterTtlAlign", 3, 40699},
-      {1, 0, 40965, 0, u"VerticalTabs"},
-      {2, 40642, 40677, 40678, u"UseDoubleClickScroll"}, {2, 40643, 40679, 40680, u"UseFullScrollings"},
-      {2, 40645, 40683, 40684, u"UseShadowColor", 5, 40685}, {2, 40646, 40690, 40691, u"RefreshScreenWhenMin"},
-      {2, 40647, 40692, 40693, u"ForceClearType"}, {2, 40651, 40704, 40705, u"MyVgaMode"},
-      {2, 40654, 40710, 40711, u"UseThinLines"}, {2, 40966, 40969, 40970, u"LoadingDelay", 6, 0},
-      {2, 40303, 40461, 40462, u"ClrDPadEnterAction", 3, 40463}, {2, 40967, 40972, 40973, u"ExclusiveDPadNavig"},
+      {0, 1, 40633, 40655, 40656, u"OnClick", 3, 31}, {0, 10, 40648, 40695, 40696, u"FontFaceToUse"},
+      {0, 13, 40963, 40963, 40968, u"IndentItems"}, {1, 1, 0, 40652, 0, u"RemoveTabsBar"},
+      {1, 4, 0, 40649, 0, u"FilterTtlAlign", 3, 40699}, {2, 3, 40645, 40683, 40684, u"UseShadowColor", 5, 40685},
+      {2, 9, 40303, 40461, 40462, u"ClrDPadEnterAction", 3, 40463},
   };
-  ExpectDescribed(GeneralTabs(), {40240, 40962, 40247}, rows);
+  ExpectDescribed(GeneralTabs(), {{40240, 13}, {40962, 5}, {40247, 10}}, rows);
 }
 
 // A tap action of 3 is no longer offered: it shows as 2 and becomes 2.

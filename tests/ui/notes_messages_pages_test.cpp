@@ -113,15 +113,12 @@ TEST_F(RowFrameTest, EachKindOfRowShowsTheRecordAndStoresTheChange) {
 }
 
 TEST(NotesAndMessagesPages, TablesAreAsDescribed) {
-  const Described notes[] = {{0, 0, 40769, 0, u"NotesBreakLineStyle", 4, 25},
-                             {0, 0, 40770, 0, u"NotesIncldFoldBttns"},
-                             {0, 0, 40979, 0, u"NotesIncldCounters"}};
-  ExpectDescribed(NotesTabs(), {40240, 40763}, notes);
-  const Described messages[] = {{0, 0, 40974, 0, u"MsgsMrkReadOnPrev"},
-                                {0, 0, 40769, 0, u"MsgsBreakLineStyle", 4, 25},
-                                {0, 0, 40975, 0, u"MsgsIncldCounters", 3, 40976},
-                                {0, 0, 40770, 0, u"MsgsIncldFoldBttns"}};
-  ExpectDescribed(MessagesTabs(), {40240, 40763}, messages);
+  const Described notes[] = {{0, 1, 0, 40769, 0, u"NotesBreakLineStyle", 4, 25},
+                             {0, 3, 0, 40979, 0, u"NotesIncldCounters"}};
+  ExpectDescribed(NotesTabs(), {{40240, 3}, {40763, 0}}, notes);
+  const Described messages[] = {{0, 1, 0, 40974, 0, u"MsgsMrkReadOnPrev"},
+                                {0, 3, 0, 40975, 0, u"MsgsIncldCounters", 3, 40976}};
+  ExpectDescribed(MessagesTabs(), {{40240, 4}, {40763, 0}}, messages);
 }
 
 }  // namespace

@@ -29,13 +29,10 @@ class PimSourceTest : public RowPageTest<PimSourcePage, 8> {
 };
 
 TEST(PimSourcePage, TableIsAsDescribed) {
-  const Described rows[] = {
-      {0, 0, 40556, 0, u"dUsedPIM", 4, 22}, {0, 0, 40557, 0, u""}, {0, 0, 40558, 0, u"dCustomPIMCalendar"},
-      {0, 0, 40559, 0, u"dCustomPIMTasks"}, {0, 0, 40560, 0, u"dCustomPIMContacts"},
-      {1, 0, 40561, 0, u"OverridePimCatIcons"}, {1, 0, 40562, 0, u"OverridePimCatColros"},
-      {1, 0, 40563, 0, u"LeaveAFRunning"}, {1, 0, 40564, 0, u"HideABCVals"},
-  };
-  ExpectDescribed(PimSourceTabs(), {40554, 40555}, rows);
+  const Described rows[] = {{0, 1, 0, 40556, 0, u"dUsedPIM", 4, 22},
+                            {1, 2, 0, 40562, 0, u"OverridePimCatColros"},
+                            {1, 3, 0, 40563, 0, u"LeaveAFRunning"}};
+  ExpectDescribed(PimSourceTabs(), {{40554, 5}, {40555, 4}}, rows);
 }
 
 // The custom databases' rows only for them, leaving Agenda Fusion running

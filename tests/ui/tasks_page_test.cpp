@@ -30,24 +30,20 @@ class TasksTest : public RowPageTest<TasksPage, kTasksSlot> {
 // flag, 8 first.
 TEST(TasksPage, TableIsAsDescribed) {
   const Described rows[] = {
-      {0, 0, 40767, 0, u"TsksDateFrmt"}, {0, 0, 40768, 0, u"TsksLimitFutureDate", 8, 40781}, {0, 0, 0, 0, u""},
-      {1, 0, 40769, 0, u"TsksLineBreaker", 4, 25}, {1, 0, 40770, 0, u"TsksUseSmartFolding"},
-      {1, 0, 40771, 0, u"TsksFoldingType", 3, 40408}, {1, 0, 40980, 0, u"TsksFoldingDflt", 2, 40947},
-      {2, 0, 40772, 0, u"TaskTabLeftAlignIcon", 6, 40791}, {2, 0, 40773, 0, u"TasksRightIcons"},
-      {3, 0, 40775, 0, u"UseCustomDateTsks"}, {3, 0, 40776, 0, u"TsksCustomDateStruct", 3, 40799},
-      {3, 0, 40777, 0, u"CustomDateFrmtStart"}, {3, 0, 40778, 0, u"CustomDateFrmtEnd"},
+      {0, 2, 0, 40768, 0, u"TsksLimitFutureDate", 8, 40781}, {1, 1, 0, 40769, 0, u"TsksLineBreaker", 4, 25},
+      {1, 2, 0, 40770, 0, u"TsksUseSmartFolding"},          {1, 4, 0, 40980, 0, u"TsksFoldingDflt", 2, 40947},
+      {2, 1, 0, 40772, 0, u"TaskTabLeftAlignIcon", 6, 40791}, {3, 2, 0, 40776, 0, u"TsksCustomDateStruct", 3, 40799},
   };
-  ExpectDescribed(TasksTabs(), {40762, 40763, 40764, 40766}, rows);
-  const std::pair<unsigned, std::u16string> hiding[] = {
-      {40793, u"HideCompletedTasks"},      {40794, u"HidePastCompletedTasks"}, {40795, u"IncludeCountersTsks"},
-      {40796, u"ConfirmTaskCompleteTsks"}, {40797, u"RemoveUndatedLeadingStr"}, {40798, u"RemoveUndatedTsks"}};
-  const std::pair<unsigned, std::int32_t> icons[] = {{40258, 8}, {40255, 1}, {40256, 2}, {40257, 4}, {40261, 32}};
-  std::span<const CheckItem> hidingItems = TasksTabs()[0].form[2].items, iconItems = TasksTabs()[2].form[1].items;
-  ASSERT_EQ(hidingItems.size(), 6u);
-  ASSERT_EQ(iconItems.size(), 5u);
-  for (int i = 0; i < 6; ++i)
-    EXPECT_EQ(std::pair(hidingItems[i].label, std::u16string(SpecOf(hidingItems[i].field).second->name)), hiding[i]);
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(std::pair(iconItems[i].label, iconItems[i].flag), icons[i]);
+  ExpectDescribed(TasksTabs(), {{40762, 3}, {40763, 4}, {40764, 2}, {40766, 4}}, rows);
+  std::span<const CheckItem> hiding = TasksTabs()[0].form[2].items, icons = TasksTabs()[2].form[1].items;
+  ASSERT_EQ(hiding.size(), 6u);
+  ASSERT_EQ(icons.size(), 5u);
+  EXPECT_EQ(std::pair(hiding[0].label, std::u16string(SpecOf(hiding[0].field).second->name)),
+            std::pair(40793u, std::u16string(u"HideCompletedTasks")));
+  EXPECT_EQ(std::pair(hiding[5].label, std::u16string(SpecOf(hiding[5].field).second->name)),
+            std::pair(40798u, std::u16string(u"RemoveUndatedTsks")));
+  const std::int32_t flags[] = {8, 1, 2, 4, 32};
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(icons[i].flag, flags[i]);
 }
 
 // Values the page cannot show: a left icon it does not offer, flags it does
