@@ -64,8 +64,15 @@ TEST_F(FontsTest, SizesStoreTheirNumberAndNoSelectionStoresNine) {
   EXPECT_EQ(Saved(u"FontGnrlTitlesSize"), 20u);
 }
 
+// Without the switch only the colour is chosen, through the colour picker.
 TEST_F(FontsTest, AdvancedSwitchDisablesTheSizesAndOpensTheFontChooser) {
   OpenPage();
+  Settings().FontMailRead.color = 0;
+  ChangeFont(12, IDC_RED_SLIDER, [](HWND dialog) {  // FontMailRead
+    TypeAndLeave(dialog, IDC_RED_VALUE, L"10");
+    TapMenuBar(dialog, IDOK);
+  });
+  EXPECT_EQ(Settings().FontMailRead.color, RGB(10, 0, 0));
   const F::Control sizes[] = {F::kGeneralLabel, F::kGeneralSize, F::kTitleLabel, F::kTitleSize};
   for (bool on : {true, false, true}) {
     TickAdvanced(on);
@@ -82,6 +89,7 @@ TEST_F(FontsTest, AdvancedSwitchDisablesTheSizesAndOpensTheFontChooser) {
   EXPECT_EQ(Settings().FontMsgsRead.font.lfItalic, italic) << "its neighbour in the record is untouched";
   Command(IDOK);
   EXPECT_EQ(Saved(u"FontGnrlUseAdvncd"), 1u);
+  EXPECT_EQ(Saved(u"FontMailReadlfColor"), RGB(10, 0, 0));
   OpenPage();
   EXPECT_TRUE(IsChecked(Control(F::kAdvanced)));
   EXPECT_FALSE(IsWindowEnabled(Control(F::kGeneralSize))) << "the rule holds when the page is made";

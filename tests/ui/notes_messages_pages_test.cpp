@@ -16,6 +16,7 @@ constexpr Row kRows[] = {
     DropDown(40262, &S::dNumOfDays, 40323, 40324, Numbers(1, 30), PositionPlusOne),
     Check(40263, &S::HideNoAppoDays, 40325, 40326),
     TextRow(40308, &S::MailCustomInboxStr, 40453, 40454),
+    Check(40287, &S::ShowTomorrowTtl, 40400, 40401),
 };
 constexpr Row kForm[] = {
     FormDropDown(40771, &S::TsksFoldingType, TextRange(40408, 3)),
@@ -38,6 +39,7 @@ TEST_F(RowFrameTest, EachKindOfRowShowsTheRecordAndStoresTheChange) {
   Start(kAboutPage);
   S& record = Settings();
   record.dNumOfDays = 5, record.HideNoAppoDays = 1, record.MailCustomInboxStr.Assign(u"inbox");
+  record.ShowTomorrowTtl = 7;  // never selected, so never stored, though no check shows it
   record.TsksFoldingType = 2, record.NotesBreakLineStyle.value = 4, record.TsksUseSmartFolding = 1;
   record.CustomDateFrmtStart.Assign(u"start");
   record.HideCompletedTasks = 1, record.HidePastCompletedTasks = 2, record.TasksRightIcons = 8 | 64;
@@ -102,6 +104,7 @@ TEST_F(RowFrameTest, EachKindOfRowShowsTheRecordAndStoresTheChange) {
   EXPECT_EQ(Saved(&S::dNumOfDays), 3);
   EXPECT_EQ(Saved(&S::HideNoAppoDays), 0);
   EXPECT_EQ(Saved(&S::MailCustomInboxStr), u"typed");
+  EXPECT_EQ(Saved(&S::ShowTomorrowTtl), 7);
   EXPECT_EQ(Saved(&S::TsksFoldingType), 0);
   EXPECT_EQ(Saved(&S::NotesBreakLineStyle), -1) << "no choice";
   EXPECT_EQ(Saved(&S::TsksUseSmartFolding), 0);

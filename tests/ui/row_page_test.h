@@ -73,7 +73,8 @@ inline void ExpectDescribed(std::span<const RowTab> tabs,
     const RowTab& tab = tabs[d.tab];
     const Row& row = d.row <= int(tab.rows.size()) ? tab.rows[d.row - 1] : tab.form[d.row - 1 - tab.rows.size()];
     EXPECT_EQ(ValueName(row), d.value);
-    EXPECT_EQ(std::vector<unsigned>({row.name, row.caption, row.tip}), std::vector<unsigned>({d.name, d.caption, d.tip}));
+    EXPECT_EQ(std::vector<unsigned>({row.name, row.caption, row.tip}),
+              std::vector<unsigned>({d.name, d.caption, d.tip}));
     EXPECT_EQ(row.rule(0), d.storedFirst) << "what the first entry stores";
     if (d.entries == 0) continue;
     const Choices& choices = row.choices;
