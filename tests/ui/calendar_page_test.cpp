@@ -21,7 +21,8 @@ namespace tw::test {
 namespace {
 
 constexpr int kCalendarSlot = 1;
-constexpr RowAt kPinnedRow{5, 9}, kDueDateRow{2, 10}, kDayTitleRow{3, 1}, kTitleOrderRow{7, 7};
+constexpr RowAt kPinnedRow{5, 9}, kDueDateRow{2, 10}, kDayTitleRow{3, 1}, kTimelinesStartRow{3, 14},
+    kTitleOrderRow{7, 7};
 constexpr int kAppointmentRightStrip = 4, kTaskRightStrip = 5;
 constexpr std::int32_t kAllAppointmentMarkers = 479, kAllTaskMarkers = 383;
 constexpr unsigned kPinnedText = 40914, kPinnedCaption = 40915, kDayTitleName = 40310;
@@ -85,7 +86,8 @@ TEST_F(CalendarTest, PinnedMonthNeedsTheHeightLimit) {
   EXPECT_EQ(Saved(&SettingsStore::PinnedMonthlyClr), 1);
 }
 
-// The pictures fixed in the samples win over the locale's own order.
+// The pictures fixed in the samples win over the locale's own order; the
+// time lines' start offers every hour it may store.
 TEST_F(CalendarTest, DateSamplesFollowTheirPictures) {
   wchar_t oldShort[80] = {};
   GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, oldShort, 80);
@@ -103,6 +105,8 @@ TEST_F(CalendarTest, DateSamplesFollowTheirPictures) {
   SelectRow(kDayTitleRow);
   EXPECT_EQ(ComboCount(combo), 7);
   EXPECT_EQ(ComboText(combo, 4), AsU16(dayFirst)) << "the locale's formats sit between the pictures";
+  SelectRow(kTimelinesStartRow);
+  EXPECT_EQ(ComboCount(combo), 19) << "the hours 0 to 18, each stored as its position";
   SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, oldShort);
 }
 
