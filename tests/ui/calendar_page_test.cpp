@@ -1,6 +1,6 @@
-// The Calendar page driven as a user would: rows selected in the lists,
-// editors changed, tabs and pages switched, strips tapped, Done pressed;
-// then the record and the registry are checked.
+// The Calendar page: its table against the page's description, then what
+// only this page does, driven as a user would: the pinned month's check,
+// the date samples, the title order, the marker strips and the preview.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -21,15 +21,14 @@ namespace tw::test {
 namespace {
 
 constexpr int kCalendarSlot = 1;
-constexpr RowAt kNumOfDaysRow{0, 1}, kTimelinesLengthRow{3, 15}, kVerticalZoomRow{3, 16}, kPinnedRow{5, 9},
-    kDueDateRow{2, 10}, kDayTitleRow{3, 1}, kTitleOrderRow{7, 7};
+constexpr RowAt kPinnedRow{5, 9}, kDueDateRow{2, 10}, kDayTitleRow{3, 1}, kTimelinesStartRow{3, 14},
+    kTitleOrderRow{7, 7};
 constexpr int kAppointmentRightStrip = 4, kTaskRightStrip = 5;
 constexpr std::int32_t kAllAppointmentMarkers = 479, kAllTaskMarkers = 383;
 constexpr unsigned kPinnedText = 40914, kPinnedCaption = 40915, kDayTitleName = 40310;
 
 class CalendarTest : public RowPageTest<CalendarPage, kCalendarSlot> {
  protected:
-  std::u16string Shown() { return ComboText(EditorWindow(kDropDown), ComboSelection(EditorWindow(kDropDown))); }
   // A tap in the middle of a strip's cell.
   void TapStrip(int strip, int cell) {
     LPARAM at = MAKELPARAM(ScaleX(16) * cell + ScaleX(8), ScaleY(8));
@@ -47,37 +46,21 @@ class CalendarTest : public RowPageTest<CalendarPage, kCalendarSlot> {
   }
 };
 
-TEST_F(CalendarTest, EveryRowShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  Settings().dHeightLimit = ScaleX(400);  // the pinned month view may be stored
-  WalkEveryRow(CalendarTabs());
-}
-
-TEST_F(CalendarTest, NumberRowsShowTheirOffsets) {
-  OpenPage();
-  Settings().dNumOfDays = 1;
-  SelectRow(kNumOfDaysRow);
-  EXPECT_EQ(Shown(), u"1");
-  ComboSelect(EditorWindow(kDropDown), ComboCount(EditorWindow(kDropDown)) - 1);
-  for (auto [length, shown] : {std::pair{0, u"6"}, std::pair{18, u"24"}}) {
-    Settings().TimelinesLength = length;
-    SelectRow(kTimelinesLengthRow);
-    EXPECT_EQ(Shown(), shown);
-    Deselect();
-  }
-  EXPECT_EQ(Settings().dNumOfDays, 30) << "stored when another tab's row was chosen";
-  // A zoom of 0 has no entry: nothing is selected and the value survives.
-  Settings().TimelinesVertZ = 0;
-  SelectRow(kVerticalZoomRow);
-  EXPECT_EQ(ComboSelection(EditorWindow(kDropDown)), -1);
-  Deselect();
-  EXPECT_EQ(Settings().TimelinesVertZ, 0);
-  Settings().TimelinesVertZ = 2;
-  SelectRow(kVerticalZoomRow);
-  EXPECT_EQ(Shown(), u"2");
-  Command(IDOK);
-  EXPECT_EQ(Saved(&SettingsStore::dNumOfDays), 30);
-  EXPECT_EQ(Saved(&SettingsStore::TimelinesVertZ), 2);
+TEST(CalendarPage, TableIsAsDescribed) {
+  const Described rows[] = {
+      {0, 1, 40262, 40323, 40324, u"dNumOfDays", 30, 1, 1}, {0, 3, 40922, 40922, 40935, u"SEventsOnClr"},
+      {2, 7, 40923, 40942, 40943, u"FutureLimitTsksOnClr", 8, 40781},
+      {2, 10, 40279, 40381, 40382, u"DueDateTsksDateFrmt"},
+      {3, 8, 40924, 40945, 40946, u"FoldingDfltState", 2, 40947},
+      {3, 11, 40295, 40421, 40422, u"AppendDateToTodayTtl"}, {3, 14, 40925, 40417, 40418, u"TimelinesStart"},
+      {3, 15, 40926, 40949, 40950, u"TimelinesLength", 19, 6}, {3, 17, 40928, 40900, 40901, u"TimelinesHorZ", 2, 1, 1},
+      {5, 8, 40932, 40910, 40911, u"MonthlyPopIconsSize", 0, 0, 6},
+      {6, 2, 40304, 40441, 40442, u"MailHideWhenZeroMsgs"},
+      {7, 6, 40321, 40476, 40477, u"CustomDayttlFrmtDefault"}, {7, 7, 40322, 0, 0, u""},
+  };
+  ExpectDescribed(CalendarTabs(),
+                  {{40240, 6}, {40241, 4}, {40242, 14}, {40243, 17}, {40244, 0}, {40245, 9}, {40246, 7}, {40247, 7}},
+                  rows);
 }
 
 TEST_F(CalendarTest, PinnedMonthNeedsTheHeightLimit) {
@@ -103,7 +86,8 @@ TEST_F(CalendarTest, PinnedMonthNeedsTheHeightLimit) {
   EXPECT_EQ(Saved(&SettingsStore::PinnedMonthlyClr), 1);
 }
 
-// The pictures fixed in the samples win over the locale's own order.
+// The pictures fixed in the samples win over the locale's own order; the
+// time lines' start offers every hour it may store.
 TEST_F(CalendarTest, DateSamplesFollowTheirPictures) {
   wchar_t oldShort[80] = {};
   GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, oldShort, 80);
@@ -121,6 +105,8 @@ TEST_F(CalendarTest, DateSamplesFollowTheirPictures) {
   SelectRow(kDayTitleRow);
   EXPECT_EQ(ComboCount(combo), 7);
   EXPECT_EQ(ComboText(combo, 4), AsU16(dayFirst)) << "the locale's formats sit between the pictures";
+  SelectRow(kTimelinesStartRow);
+  EXPECT_EQ(ComboCount(combo), 19) << "the hours 0 to 18, each stored as its position";
   SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, oldShort);
 }
 
@@ -153,27 +139,6 @@ TEST_F(CalendarTest, TitleOrderResetsAndMovesWithinItsEnds) {
   EXPECT_EQ(Saved(&SettingsStore::CalTitlesOrder4), 5);
 }
 
-TEST_F(CalendarTest, LeavingThePageStoresAndComingBackShowsNoRow) {
-  OpenPage();
-  Settings().dNumOfDays = 3;
-  SelectRow(kNumOfDaysRow);
-  ComboSelect(EditorWindow(kDropDown), 9);
-  SelectPage(kAboutPage);
-  EXPECT_EQ(Settings().dNumOfDays, 10);
-  SelectPage(kCalendarSlot);
-  EXPECT_EQ(ListViewSelection(Page()->List(0)), -1);
-  EXPECT_FALSE(IsWindowVisible(EditorWindow(kDropDown)));
-
-  SelectRow(kNumOfDaysRow);
-  ComboSelect(EditorWindow(kDropDown), 4);
-  Page()->Fill(99, 0);  // rows outside a tab do nothing
-  Page()->Store(0, 0);
-  EXPECT_EQ(Settings().dNumOfDays, 10);
-  ComboSelect(EditorWindow(kDropDown), -1);
-  Command(IDOK);  // destruction stores; an empty drop-down keeps the value
-  EXPECT_EQ(Saved(&SettingsStore::dNumOfDays), 10);
-}
-
 // Strips offer only their own kind's markers and store the sum; the preview
 // shows a change at once.
 TEST_F(CalendarTest, StripsOfferTheirKindsFlagsAndStoreTheSum) {
@@ -197,18 +162,8 @@ TEST_F(CalendarTest, StripsOfferTheirKindsFlagsAndStoreTheSum) {
   EXPECT_FALSE(Stored(kCalendarKey.path, u"ClrTaskRightIcons").present) << "everything marked is the default";
 }
 
-// Every tab at each screen, with the first and the last row shown, so each
-// kind of editor is laid out; the pictures are kept under the build tree.
-TEST_F(CalendarTest, EveryTabFitsEachScreen) {
-  CheckEveryScreen(L"calendar", kCalendarTabCount, [&] { OpenPage(); }, [&](int tab) {
-    SelectTab(tab);
-    int rows = int(CalendarTabs()[tab].rows.size());
-    if (rows == 0) return;
-    SelectRow({tab, 1});
-    ExpectLayoutFits("first row of tab " + std::to_string(tab));
-    SelectRow({tab, rows});
-  });
-}
+// The pictures are kept under the build tree; the icon tab's is the README's.
+TEST_F(CalendarTest, EveryTabFitsEachScreen) { CheckEveryTab(L"calendar", kCalendarTabCount); }
 
 }  // namespace
 }  // namespace tw::test

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "app/shell.h"
 #include "pages/common_controls.h"
@@ -63,8 +64,15 @@ TEST_F(FontsTest, SizesStoreTheirNumberAndNoSelectionStoresNine) {
   EXPECT_EQ(Saved(u"FontGnrlTitlesSize"), 20u);
 }
 
+// Without the switch only the colour is chosen, through the colour picker.
 TEST_F(FontsTest, AdvancedSwitchDisablesTheSizesAndOpensTheFontChooser) {
   OpenPage();
+  Settings().FontMailRead.color = 0;
+  ChangeFont(12, IDC_RED_SLIDER, [](HWND dialog) {  // FontMailRead
+    TypeAndLeave(dialog, IDC_RED_VALUE, L"10");
+    TapMenuBar(dialog, IDOK);
+  });
+  EXPECT_EQ(Settings().FontMailRead.color, RGB(10, 0, 0));
   const F::Control sizes[] = {F::kGeneralLabel, F::kGeneralSize, F::kTitleLabel, F::kTitleSize};
   for (bool on : {true, false, true}) {
     TickAdvanced(on);
@@ -81,29 +89,24 @@ TEST_F(FontsTest, AdvancedSwitchDisablesTheSizesAndOpensTheFontChooser) {
   EXPECT_EQ(Settings().FontMsgsRead.font.lfItalic, italic) << "its neighbour in the record is untouched";
   Command(IDOK);
   EXPECT_EQ(Saved(u"FontGnrlUseAdvncd"), 1u);
+  EXPECT_EQ(Saved(u"FontMailReadlfColor"), RGB(10, 0, 0));
   OpenPage();
   EXPECT_TRUE(IsChecked(Control(F::kAdvanced)));
   EXPECT_FALSE(IsWindowEnabled(Control(F::kGeneralSize))) << "the rule holds when the page is made";
 }
 
-// The page's order is not the record's: each row must change its own
-// record, in the simple mode through the colour picker alone.
-TEST_F(FontsTest, EveryRowChangesItsOwnRecord) {
-  OpenPage();
+// The page's order is not the record's: each row names its own record.
+TEST(FontsPage, RowsAreAsDescribed) {
+  const std::tuple<int, std::u16string, unsigned, unsigned> described[] = {
+      {12, u"FontMailRead", 40591, 40616},  {14, u"FontCalDayTitles", 40593, 40618},
+      {20, u"FontNoteItems", 40957, 40957}, {22, u"FontMsgsUnread", 40959, 40959},
+      {23, u"FontMsgsRead", 40960, 40960},  {25, u"FontSEGeneral", 40599, 40624},
+      {29, u"FontSEFilter4", 40603, 40628}};
   std::span<const FontRow> rows = FontRows();
   ASSERT_EQ(rows.size(), 30u);
-  for (const FontRow& row : rows) FontOf(Settings(), row).color = 0;
-  for (int i = 0; i < int(rows.size()); ++i) {
-    SCOPED_TRACE(Show(rows[i].record));
-    EXPECT_EQ(ListViewRowText(Control(F::kFontList), i), AsU16(EnglishText(rows[i].name).c_str()));
-    ChangeFont(i, IDC_RED_SLIDER, [i](HWND dialog) {
-      TypeAndLeave(dialog, IDC_RED_VALUE, std::to_wstring(10 + i));
-      TapMenuBar(dialog, IDOK);
-    });
-  }
-  Command(IDOK);
-  for (int i = 0; i < int(rows.size()); ++i)
-    EXPECT_EQ(Saved(rows[i].record + std::u16string(u"lfColor")), RGB(10 + i, 0, 0)) << Show(rows[i].record);
+  for (auto [i, record, name, heading] : described)
+    EXPECT_EQ(std::tuple(std::u16string(rows[i].record), rows[i].name, rows[i].heading),
+              std::tuple(record, name, heading));
 }
 
 TEST_F(FontsTest, ApplyingTheGeneralSizeCopiesOnlyTheHeight) {

@@ -1,6 +1,6 @@
-// The General page driven through its real controls: rows selected and
-// edited as a user would, the tab bar form, the language, skin and font
-// lists; then Done and the registry checked.
+// The General page: its table against the page's description, then the
+// rows that behave differently driven as a user would: the retired tap
+// action, typed heights, the language, skin and font lists.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -19,10 +19,8 @@
 namespace tw::test {
 namespace {
 
-constexpr int kGeneralSlot = 0, kTasksSlot = 2;
-constexpr int kTabBarTab = 1, kDrawingTab = 2;
-constexpr RowAt kTapRow{0, 1}, kDoubleTapRow{0, 2}, kHeightRow{0, 3}, kLanguageRow{0, 5}, kSkinRow{0, 6},
-    kFontRow{0, 10}, kLoadingDelayRow{2, 8};
+constexpr int kGeneralSlot = 0, kDrawingTab = 2;
+constexpr RowAt kTapRow{0, 1}, kHeightRow{0, 3}, kLanguageRow{0, 5}, kSkinRow{0, 6}, kFontRow{0, 10};
 constexpr char16_t kSkins[] = u"\\twtest\\Skins";
 
 class GeneralTest : public RowPageTest<GeneralPage, kGeneralSlot> {
@@ -43,9 +41,14 @@ class GeneralTest : public RowPageTest<GeneralPage, kGeneralSlot> {
   }
 };
 
-TEST_F(GeneralTest, EveryRowAndFormControlShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  WalkEveryRow(GeneralTabs());
+TEST(GeneralPage, TableIsAsDescribed) {
+  const Described rows[] = {
+      {0, 1, 40633, 40655, 40656, u"OnClick", 3, 31}, {0, 10, 40648, 40695, 40696, u"FontFaceToUse"},
+      {0, 13, 40963, 40963, 40968, u"IndentItems"}, {1, 1, 0, 40652, 0, u"RemoveTabsBar"},
+      {1, 4, 0, 40649, 0, u"FilterTtlAlign", 3, 40699}, {2, 3, 40645, 40683, 40684, u"UseShadowColor", 5, 40685},
+      {2, 9, 40303, 40461, 40462, u"ClrDPadEnterAction", 3, 40463},
+  };
+  ExpectDescribed(GeneralTabs(), {{40240, 13}, {40962, 5}, {40247, 10}}, rows);
 }
 
 // A tap action of 3 is no longer offered: it shows as 2 and becomes 2.
@@ -211,34 +214,7 @@ TEST_F(GeneralTest, FontRowOffersTheDeviceFaces) {
   EXPECT_EQ(Settings().FontFaceToUse.View(), face);
 }
 
-// Leaving a sub-tab or the page stores the row shown; a row never selected
-// keeps even a value the list cannot show.
-TEST_F(GeneralTest, LeavingStoresTheShownRowOnly) {
-  OpenPage();
-  Settings().OnClick = 7;
-  Settings().OnDoubleClick = 0;
-  SelectRow(kDoubleTapRow);
-  ComboSelect(EditorWindow(kDropDown), 2);
-  SelectTab(kTabBarTab);
-  EXPECT_EQ(Settings().OnDoubleClick, 2);
-  SelectRow(kLoadingDelayRow);
-  ComboSelect(EditorWindow(kDropDown), 5);
-  SelectPage(kTasksSlot);
-  EXPECT_EQ(Settings().LoadingDelay, 5);
-  Command(IDOK);
-  EXPECT_EQ(Saved(&SettingsStore::OnClick), 7);
-  EXPECT_EQ(Saved(&SettingsStore::LoadingDelay), 5);
-}
-
-TEST_F(GeneralTest, EveryTabFitsEachScreen) {
-  CheckEveryScreen(L"general", kGeneralTabCount, [&] { OpenPage(); }, [&](int tab) {
-    SelectTab(tab);
-    for (int row = 1; Page()->List(tab) != nullptr && row <= 3; row += 2) {
-      SelectRow({tab, row});
-      ExpectLayoutFits("tab " + std::to_string(tab) + " row " + std::to_string(row));
-    }
-  });
-}
+TEST_F(GeneralTest, EveryTabFitsEachScreen) { CheckEveryTab(L"general", kGeneralTabCount); }
 
 }  // namespace
 }  // namespace tw::test

@@ -28,9 +28,11 @@ class PimSourceTest : public RowPageTest<PimSourcePage, 8> {
   }
 };
 
-TEST_F(PimSourceTest, EveryControlShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  WalkEveryRow(PimSourceTabs());
+TEST(PimSourcePage, TableIsAsDescribed) {
+  const Described rows[] = {{0, 1, 0, 40556, 0, u"dUsedPIM", 4, 22},
+                            {1, 2, 0, 40562, 0, u"OverridePimCatColros"},
+                            {1, 3, 0, 40563, 0, u"LeaveAFRunning"}};
+  ExpectDescribed(PimSourceTabs(), {{40554, 5}, {40555, 4}}, rows);
 }
 
 // The custom databases' rows only for them, leaving Agenda Fusion running
@@ -79,8 +81,7 @@ TEST_F(PimSourceTest, PathsComeFromTheChooserOrAsTyped) {
 
 TEST_F(PimSourceTest, EveryTabFitsEachScreen) {
   WriteDword(registry(), kCurrentUser, kProductKey, u"dUsedPIM", 2);  // every row enabled
-  CheckEveryScreen(L"pim-source", kPimSourceTabCount, [&] { OpenPage(); },
-                                  [&](int tab) { SelectTab(tab); });
+  CheckEveryTab(L"pim-source", kPimSourceTabCount);
 }
 
 }  // namespace

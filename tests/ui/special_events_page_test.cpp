@@ -18,9 +18,11 @@ using S = SettingsStore;
 using SpecialEventsTest = RowPageTest<SpecialEventsPage, 5>;
 std::u16string Shown(HWND combo) { return ComboText(combo, ComboSelection(combo)); }
 
-TEST_F(SpecialEventsTest, EveryFormControlShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  WalkEveryRow(SpecialEventsTabs());
+TEST(SpecialEventsPage, TableIsAsDescribed) {
+  const Described rows[] = {{0, 1, 0, 40722, 0, u"SEventDays", 3, 38},
+                            {0, 2, 0, 40723, 0, u"SEAlertBeforeDays", 16, 0},
+                            {1, 1, 0, 40726, 0, u"SEApptsDaySpan", 0, 0, 15}};
+  ExpectDescribed(SpecialEventsTabs(), {{40720, 4}, {40721, 1}}, rows);
 }
 
 // The examples are the day the page opens, in the pictures' order; both
@@ -83,10 +85,7 @@ TEST_F(SpecialEventsTest, FiltersTakeCategoriesByExactNameAndWarningDaysAtOnce) 
   EXPECT_EQ(saved[0] + u"," + saved[1] + u"," + saved[2] + u"," + saved[3], u"Family,,,Business");
 }
 
-TEST_F(SpecialEventsTest, EveryTabFitsEachScreen) {
-  CheckEveryScreen(L"special-events", kSpecialEventsTabCount, [&] { OpenPage(); },
-                                  [&](int tab) { SelectTab(tab); });
-}
+TEST_F(SpecialEventsTest, EveryTabFitsEachScreen) { CheckEveryTab(L"special-events", kSpecialEventsTabCount); }
 
 }  // namespace
 }  // namespace tw::test

@@ -1,6 +1,5 @@
-// The Tasks page driven through its real controls: the form filled from the
-// record when the page opens, changed as a user would, then Done and the
-// registry checked.
+// The Tasks page: its forms against the page's description, then what only
+// this page does: values its controls cannot show, and the date samples.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -17,8 +16,8 @@ namespace tw::test {
 namespace {
 
 constexpr int kTasksSlot = 2;
-constexpr int kListingTab = 0, kIconTab = 2, kCustomDateTab = 3;
-constexpr int kDateRow = 0, kLeftIconRow = 0, kHidingRow = 2, kStartTextRow = 2;
+constexpr int kListingTab = 0, kIconTab = 2;
+constexpr int kDateRow = 0, kLeftIconRow = 0;
 constexpr unsigned kNoIconText = 40791, kStartWord = 40779, kEndWord = 40780;
 constexpr std::int32_t kAllTaskMarkers = 383, kShownRightIcons = 47;
 
@@ -27,44 +26,43 @@ class TasksTest : public RowPageTest<TasksPage, kTasksSlot> {
   HWND Control(int tab, int row) { return Page()->FormControl(tab, row); }
 };
 
-TEST_F(TasksTest, EveryControlShowsAndStoresItsSetting) {
-  Start(kAboutPage);
-  WalkEveryRow(TasksTabs());
+// The check lists too: the hiding settings one by one, the right icons by
+// flag, 8 first.
+TEST(TasksPage, TableIsAsDescribed) {
+  const Described rows[] = {
+      {0, 2, 0, 40768, 0, u"TsksLimitFutureDate", 8, 40781}, {1, 1, 0, 40769, 0, u"TsksLineBreaker", 4, 25},
+      {1, 2, 0, 40770, 0, u"TsksUseSmartFolding"},          {1, 4, 0, 40980, 0, u"TsksFoldingDflt", 2, 40947},
+      {2, 1, 0, 40772, 0, u"TaskTabLeftAlignIcon", 6, 40791}, {3, 2, 0, 40776, 0, u"TsksCustomDateStruct", 3, 40799},
+  };
+  ExpectDescribed(TasksTabs(), {{40762, 3}, {40763, 4}, {40764, 2}, {40766, 4}}, rows);
+  std::span<const CheckItem> hiding = TasksTabs()[0].form[2].items, icons = TasksTabs()[2].form[1].items;
+  ASSERT_EQ(hiding.size(), 6u);
+  ASSERT_EQ(icons.size(), 5u);
+  EXPECT_EQ(std::pair(hiding[0].label, std::u16string(SpecOf(hiding[0].field).second->name)),
+            std::pair(40793u, std::u16string(u"HideCompletedTasks")));
+  EXPECT_EQ(std::pair(hiding[5].label, std::u16string(SpecOf(hiding[5].field).second->name)),
+            std::pair(40798u, std::u16string(u"RemoveUndatedTsks")));
+  const std::int32_t flags[] = {8, 1, 2, 4, 32};
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(icons[i].flag, flags[i]);
 }
 
-// Values the page cannot show: flags it does not offer, check-list values
-// other than 0 and 1, text longer than a field holds.
+// Values the page cannot show: a left icon it does not offer, flags it does
+// not list. The left icon's flags are not in flag order: 32 before 16.
 TEST_F(TasksTest, ValuesOutsideTheControlsAreStoredAsShown) {
-  for (std::int32_t unknownIcon : {1, 64}) {
-    SCOPED_TRACE(unknownIcon);
-    Start();
-    SettingsStore& record = Settings();
-    record.TaskTabLeftAlignIcon = unknownIcon;
-    record.TasksRightIcons = kAllTaskMarkers;
-    record.HideCompletedTasks = 2;
-    record.CustomDateFrmtEnd.Assign(std::u16string(300, u'x'));
-    OpenPage();
-    HWND leftIcon = Control(kIconTab, kLeftIconRow);
-    EXPECT_EQ(ComboText(leftIcon, ComboSelection(leftIcon)), English(kNoIconText));
-    EXPECT_FALSE(ListViewChecked(Control(kListingTab, kHidingRow), 0));
-    EXPECT_EQ(GetText(Control(kCustomDateTab, kStartTextRow + 1)).size(), 300u);
-    Command(IDOK);
-    EXPECT_EQ(Saved(&SettingsStore::TaskTabLeftAlignIcon), 0);
-    EXPECT_EQ(Saved(&SettingsStore::TasksRightIcons), kShownRightIcons);
-    EXPECT_EQ(Saved(&SettingsStore::HideCompletedTasks), 0);
-    EXPECT_EQ(Saved(&SettingsStore::CustomDateFrmtEnd), std::u16string(255, u'x'));
-    DestroyWindow(Window());
-    Pump();
-  }
-}
+  Start();
+  Settings().TaskTabLeftAlignIcon = 64;
+  Settings().TasksRightIcons = kAllTaskMarkers;
+  OpenPage();
+  HWND leftIcon = Control(kIconTab, kLeftIconRow);
+  EXPECT_EQ(ComboText(leftIcon, ComboSelection(leftIcon)), English(kNoIconText));
+  Command(IDOK);
+  EXPECT_EQ(Saved(&SettingsStore::TaskTabLeftAlignIcon), 0);
+  EXPECT_EQ(Saved(&SettingsStore::TasksRightIcons), kShownRightIcons);
 
-// The left icon's flags are not in flag order: 32 before 16.
-TEST_F(TasksTest, LeftIconOffersHighImportanceBeforeCategory) {
   Start();
   Settings().TaskTabLeftAlignIcon = 16;
   OpenPage();
-  HWND leftIcon = Control(kIconTab, kLeftIconRow);
-  EXPECT_EQ(ComboSelection(leftIcon), 5);
+  EXPECT_EQ(ComboSelection(leftIcon = Control(kIconTab, kLeftIconRow)), 5);
   ComboSelect(leftIcon, 4);
   Command(IDOK);
   EXPECT_EQ(Saved(&SettingsStore::TaskTabLeftAlignIcon), 32);
@@ -96,9 +94,7 @@ TEST_F(TasksTest, DateSamplesReachIntoTheNextMonthAndYear) {
   }
 }
 
-TEST_F(TasksTest, EveryTabFitsEachScreen) {
-  CheckEveryScreen(L"tasks", kTasksTabCount, [&] { OpenPage(); }, [&](int tab) { SelectTab(tab); });
-}
+TEST_F(TasksTest, EveryTabFitsEachScreen) { CheckEveryTab(L"tasks", kTasksTabCount); }
 
 }  // namespace
 }  // namespace tw::test
