@@ -77,23 +77,6 @@ TEST_F(ShellTest, ExportStaysInsideThePrefix) {
   EXPECT_TRUE(IsRealFolder(std::wstring(profile) + L"\\Documents")) << "the prefix's documents folder is no link";
 }
 
-TEST_F(ShellTest, ChoosingAPageTwiceCreatesItOnce) {
-  ASSERT_NE(Start(), nullptr);
-  EXPECT_EQ(Shell().slots[kAboutPage], nullptr) << "pages are made on first selection";
-  SelectPage(kAboutPage);
-  SettingsPage* about = Shell().slots[kAboutPage].get();
-  ASSERT_NE(about, nullptr);
-  std::vector<HWND> controls = about->Controls();
-  ASSERT_FALSE(controls.empty());
-  SelectPage(kFirstPage);
-  EXPECT_EQ(Shell().currentPage, kFirstPage);
-  for (HWND control : controls) EXPECT_FALSE(IsWindowVisible(control)) << "hidden, not destroyed";
-  SelectPage(kAboutPage);
-  EXPECT_EQ(Shell().slots[kAboutPage].get(), about);
-  EXPECT_EQ(about->Controls(), controls);
-  for (HWND control : controls) EXPECT_TRUE(IsWindow(control) && IsWindowVisible(control));
-}
-
 // Pages store themselves into the record as they are destroyed; the Today
 // item's settings depend on which page wrote last, so the order is fixed.
 class RecordingPage : public SettingsPage {
@@ -122,7 +105,10 @@ TEST_F(ShellTest, PagesAreStoredInTheirFixedOrder) {
   }
 }
 
-TEST_F(ShellTest, CategoryPagesArePaintedDarkByTheShell) {
+// Pages are made on first selection and then hidden, never destroyed; the
+// category pages are the shell's own painting; the font-size command is
+// offered on the Fonts page alone, once however often the menu opens.
+TEST_F(ShellTest, PageSelection) {
   ASSERT_NE(Start(), nullptr);
   auto pagePixel = [&] {
     RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
@@ -134,22 +120,28 @@ TEST_F(ShellTest, CategoryPagesArePaintedDarkByTheShell) {
     return colour;
   };
   EXPECT_EQ(pagePixel(), RGB(255, 255, 255));
+  EXPECT_FALSE(FontSizeItemOffered());
+  EXPECT_EQ(Shell().slots[kAboutPage], nullptr);
+  SelectPage(kAboutPage);
+  SettingsPage* about = Shell().slots[kAboutPage].get();
+  ASSERT_NE(about, nullptr);
+  std::vector<HWND> controls = about->Controls();
+  ASSERT_FALSE(controls.empty());
+  SelectPage(kFontsPage);
+  for (HWND control : controls) EXPECT_FALSE(IsWindowVisible(control));
+  EXPECT_TRUE(FontSizeItemOffered());
+  EXPECT_TRUE(FontSizeItemOffered());
+  EXPECT_EQ(GetMenuItemCount(ToolsMenu()), 4);
   for (int page : {10, 11}) {
     SelectPage(page);
     EXPECT_EQ(pagePixel(), RGB(0x32, 0x32, 0x32)) << "page " << page;
-    EXPECT_EQ(Shell().slots[page], nullptr) << "no page object in slot " << page;
+    EXPECT_EQ(Shell().slots[page], nullptr) << "page " << page;
   }
-}
-
-TEST_F(ShellTest, FontSizeCommandOnlyOnTheFontsPage) {
-  ASSERT_NE(Start(), nullptr);
-  ASSERT_NE(ToolsMenu(), nullptr);
-  EXPECT_FALSE(FontSizeItemOffered());
-  SelectPage(kFontsPage);
-  EXPECT_TRUE(FontSizeItemOffered());
-  EXPECT_TRUE(FontSizeItemOffered());
-  EXPECT_EQ(GetMenuItemCount(ToolsMenu()), 4) << "opening the menu twice keeps one item";
   SelectPage(kAboutPage);
+  EXPECT_EQ(Shell().currentPage, kAboutPage);
+  EXPECT_EQ(Shell().slots[kAboutPage].get(), about);
+  EXPECT_EQ(about->Controls(), controls);
+  for (HWND control : controls) EXPECT_TRUE(IsWindowVisible(control));
   EXPECT_FALSE(FontSizeItemOffered());
   EXPECT_EQ(GetMenuItemCount(ToolsMenu()), 3) << "export, import and undo stay";
 }
@@ -273,7 +265,11 @@ TEST_F(ShellTest, ExportThenImportKeepsTheWindowOnFailureAndEndsOnSuccess) {
   EXPECT_EQ(todayScreen.Received(), 1);
 }
 
+// A language library that is missing falls back to English (a chosen one
+// in use is the General page's test).
 TEST_F(ShellTest, DensityPicksThePictureLibraryAndMenuImages) {
+  WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile",
+            u"\\Program Files\\Orvex\\Tidewell\\LangRes\\Missing.dll");
   const struct {
     int dpi;
     bool vgaMode;
@@ -289,18 +285,10 @@ TEST_F(ShellTest, DensityPicksThePictureLibraryAndMenuImages) {
     GetModuleFileNameW(Shell().pictures, path, MAX_PATH);
     EXPECT_STREQ(wcsrchr(path, L'\\') + 1, screen.library);
     EXPECT_EQ(device::MenuBarImageSize(Shell().menuBar), screen.menuImage);
+    SendMessageW(Shell().selector, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(path));
+    EXPECT_STREQ(path, L"General");
     DestroyWindow(Window());
   }
-}
-
-// A chosen library in use is the General page's test.
-TEST_F(ShellTest, MissingLanguageLibraryFallsBackToEnglish) {
-  WriteText(registry(), kCurrentUser, kProductKey, u"SelectedLangResFile",
-            u"\\Program Files\\Orvex\\Tidewell\\LangRes\\Missing.dll");
-  ASSERT_NE(Start(), nullptr);
-  wchar_t text[256] = {};
-  SendMessageW(Shell().selector, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(text));
-  EXPECT_EQ(text, EnglishText(kPageNameTexts[0]));
 }
 
 TEST(AboutPage, BuildDateReadsNaturally) {
