@@ -11,7 +11,6 @@
 #include "app/shell.h"
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
-#include "resources/string_ids.h"
 #include "tests/ui/app_harness.h"
 
 namespace tw::test {
@@ -76,8 +75,7 @@ TEST_F(DeviceTest, TitleStripOkAndMenuBarButtons) {
   TapEdge(Window(), OnStrip(Window(), false));
   answerer_.AnswerYesNo(IDNO);
   TapMenuButton(IDM_CANCEL);
-  ASSERT_EQ(answerer_.boxes.size(), 1u);
-  EXPECT_EQ(answerer_.boxes[0].caption, EnglishText(kAskCancel.caption));
+  EXPECT_EQ(answerer_.Seen(), std::vector<std::wstring>{EnglishBox(40216, 40217)});
   ASSERT_NE(Window(), nullptr) << "neither the title nor No ends the program";
   TapEdge(Window(), OnStrip(Window(), true));
   EXPECT_EQ(Window(), nullptr);
@@ -104,7 +102,7 @@ TEST_F(DeviceTest, MenuBarToolsOpensItsMenuAndSendsTheChoice) {
   Tap(Shell().menuBar, {cancel.left / 2, (cancel.top + cancel.bottom) / 2});  // Tools stands left of Cancel
   KillTimer(nullptr, timer);
   ASSERT_FALSE(answerer_.boxes.empty()) << "no command came from the menu";
-  EXPECT_EQ(answerer_.boxes.back().caption, EnglishText(kSettingsExported.caption)) << "Export, the first item, was chosen";
+  EXPECT_EQ(answerer_.Last(), EnglishBox(40208, 40209)) << "Export, the first item, was chosen";
 }
 
 INT_PTR CALLBACK RecordingDialog(HWND dialog, UINT message, WPARAM wParam, LPARAM) {

@@ -13,7 +13,6 @@
 #include "platform/win32/device.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
-#include "resources/string_ids.h"
 #include "settings/schema.h"
 #include "settings/settings_io.h"
 #include "tests/ui/app_harness.h"
@@ -39,7 +38,6 @@ bool FontSizeItemOffered() {
 class ShellTest : public AppTest {
  protected:
   void WriteDocument(const std::string& text) { ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size())); }
-  std::wstring LastCaption() { return answerer_.boxes.empty() ? L"" : answerer_.boxes.back().caption; }
 };
 
 // A folder of the host as the prefix sees it (drive Z:), from a variable
@@ -64,7 +62,7 @@ bool IsRealFolder(const std::wstring& path) {
 TEST_F(ShellTest, ExportStaysInsideThePrefix) {
   ASSERT_NE(Start(), nullptr);
   Command(IDM_EXPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(kSettingsExported.caption));
+  EXPECT_EQ(answerer_.Last(), EnglishBox(40208, 40209));
   EXPECT_TRUE(IsRealFolder(L"C:\\My Documents")) << "the device's documents folder is a real folder";
   std::wstring prefix = HostFolder(L"WINEPREFIX"), home = HostHomeFolder();
   ASSERT_FALSE(prefix.empty());
@@ -151,8 +149,7 @@ TEST_F(ShellTest, FirstRunNoticeUntilDoneAndCancelSavesNothing) {
   ScopedKey key(registry(), kCurrentUser, kProductKey, true);
   registry().DeleteValue(key.get(), u"FirstTimeSettingsMsg");
   WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 2);
-  const std::wstring notice = EnglishText(kFirstRunNotice.caption) + L": " + EnglishText(kFirstRunNotice.text),
-                     question = EnglishText(kAskCancel.caption) + L": " + EnglishText(kAskCancel.text);
+  const std::wstring notice = EnglishBox(40218, 40219), question = EnglishBox(40216, 40217);
   for (int start = 0; start < 2; ++start) {
     answerer_.boxes.clear();
     ASSERT_NE(Start(kAboutPage), nullptr);
@@ -235,13 +232,13 @@ TEST_F(ShellTest, ExportThenImportKeepsTheWindowOnFailureAndEndsOnSuccess) {
   files().Delete(kDocument);
   std::string before = RegistrySnapshot();
   Command(IDM_IMPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(kCannotOpenSettingsFile.caption));
+  EXPECT_EQ(answerer_.Last(), EnglishBox(40210, 40211));
   EXPECT_EQ(RegistrySnapshot(), before);
 
   // A header neither opened nor closed by a bracket, after a good section.
   WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n\r\nbroken\r\n");
   Command(IDM_IMPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(kImportFailed.caption));
+  EXPECT_EQ(answerer_.Last(), EnglishBox(40212, 40213));
   EXPECT_EQ(todayScreen.Received(), 0);
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"OnClick").dword, 1u) << "no rollback";
   ASSERT_NE(Window(), nullptr);
@@ -253,7 +250,7 @@ TEST_F(ShellTest, ExportThenImportKeepsTheWindowOnFailureAndEndsOnSuccess) {
       "\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:3\r\n\"FirstTimeSettingsMsg\"=dword:1\r\n"
       "\r\n[::Categories::]\r\n\"Category\"=\"Business\"\r\n\"FiltersFlag\"=dword:6\r\n\"Color\"=dword:128\r\n");
   Command(IDM_IMPORT);
-  EXPECT_EQ(LastCaption(), EnglishText(kSettingsImported.caption));
+  EXPECT_EQ(answerer_.Last(), EnglishBox(40214, 40215));
   EXPECT_EQ(Window(), nullptr) << "the program ends after an import";
   EXPECT_EQ(Settings().OnClick, 3) << "the record was read back";
   EXPECT_EQ(ReadValue(registry(), kCurrentUser, kProductKey, u"OnClick").dword, 3u);
