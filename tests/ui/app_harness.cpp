@@ -170,16 +170,6 @@ void AppTest::TapTab(HWND strip, int tab) {
   SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
 }
 
-namespace {
-
-std::string Narrow(const wchar_t* text) {
-  char narrow[512] = {};
-  WideCharToMultiByte(CP_UTF8, 0, text, -1, narrow, sizeof narrow, nullptr, nullptr);
-  return narrow;
-}
-
-}  // namespace
-
 void AppTest::ExpectLayoutFits(const std::string& label) {
   RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
   wchar_t page[128] = {};
@@ -205,7 +195,7 @@ void AppTest::CheckEveryScreen(const std::wstring& name, int shots, const std::f
     PutText(kProductKey, u"SelectedLangResFile", std::u16string(u"\\Program Files\\Orvex\\Tidewell\\LangRes\\") +
                                                      language.library);
     for (const auto& screen : screens) {
-      std::string where = Narrow((name + language.suffix + L" " + screen.size).c_str());
+      std::string where = Narrow(name + language.suffix + L" " + screen.size);
       SCOPED_TRACE(where);
       SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
       gScreen.dpiX = gScreen.dpiY = screen.dpi;

@@ -109,6 +109,8 @@ class AppTest : public PlatformTest {
   void SkipFirstRunNotice();
   // The whole product tree as the export writes it, for comparing states.
   std::string RegistrySnapshot();
+  // The file Import reads.
+  void WriteDocument(const std::string& text) { ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size())); }
 
   MessageBoxAnswerer answerer_;
   BroadcastListener listener_;

@@ -35,10 +35,7 @@ bool FontSizeItemOffered() {
   return GetMenuState(tools, IDM_APPLY_FONT_SIZE, MF_BYCOMMAND) != static_cast<UINT>(-1);
 }
 
-class ShellTest : public AppTest {
- protected:
-  void WriteDocument(const std::string& text) { ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size())); }
-};
+using ShellTest = AppTest;
 
 // A folder of the host as the prefix sees it (drive Z:), from a variable
 // that holds its Unix path.

@@ -82,7 +82,6 @@ class ShellBackupTest : public AppTest {
     ASSERT_EQ(Window(), nullptr) << "Undo ends the program like an import";
   }
   std::wstring LastText() { return answerer_.boxes.empty() ? L"" : answerer_.boxes.back().text; }
-  void WriteDocument(const std::string& text) { ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size())); }
   std::vector<std::uint8_t> Backup() {
     std::vector<std::uint8_t> bytes;
     files().ReadAll(kBackup, bytes);
