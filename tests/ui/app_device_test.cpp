@@ -12,6 +12,7 @@
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
 #include "tests/ui/app_harness.h"
+#include "tests/ui/recording_parent.h"
 
 namespace tw::test {
 namespace {
@@ -64,6 +65,15 @@ void TapMenuButton(int command) {
   Tap(Shell().menuBar, {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
 }
 
+// What the screen shows at the middle of a menu bar button.
+std::vector<std::uint8_t> ButtonPicture(int command) {
+  RECT button = {};
+  SendMessageW(Shell().menuBar, TB_GETRECT, command, reinterpret_cast<LPARAM>(&button));
+  POINT middle = {(button.left + button.right) / 2, (button.top + button.bottom) / 2};
+  ClientToScreen(Shell().menuBar, &middle);
+  return Shot(Shell().menuBar, {middle.x - 8, middle.y - 8, middle.x + 8, middle.y + 8}).rows;
+}
+
 using DeviceTest = AppTest;
 
 // Only the strip's OK and the bar's Done end the program; Cancel asks first.
@@ -72,6 +82,7 @@ TEST_F(DeviceTest, TitleStripOkAndMenuBarButtons) {
   EXPECT_EQ(ClientOnScreen(Window()), (std::vector<LONG>{0, 26, 240, 294})) << "the strip is the window's top edge";
   UpdateWindow(Window());
   EXPECT_EQ(StripPixel(Window()), kStripColour);
+  EXPECT_NE(ButtonPicture(IDM_CANCEL), ButtonPicture(IDOK)) << "Cancel and Done show pictures of their own";
   TapEdge(Window(), OnStrip(Window(), false));
   answerer_.AnswerYesNo(IDNO);
   TapMenuButton(IDM_CANCEL);
