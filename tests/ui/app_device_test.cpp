@@ -11,8 +11,8 @@
 #include "app/shell.h"
 #include "platform/win32/device.h"
 #include "resources/resource_ids.h"
-#include "resources/string_ids.h"
 #include "tests/ui/app_harness.h"
+#include "tests/ui/recording_parent.h"
 
 namespace tw::test {
 namespace {
@@ -65,6 +65,15 @@ void TapMenuButton(int command) {
   Tap(Shell().menuBar, {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
 }
 
+// What the screen shows at the middle of a menu bar button.
+std::vector<std::uint8_t> ButtonPicture(int command) {
+  RECT button = {};
+  SendMessageW(Shell().menuBar, TB_GETRECT, command, reinterpret_cast<LPARAM>(&button));
+  POINT middle = {(button.left + button.right) / 2, (button.top + button.bottom) / 2};
+  ClientToScreen(Shell().menuBar, &middle);
+  return Shot(Shell().menuBar, {middle.x - 8, middle.y - 8, middle.x + 8, middle.y + 8}).rows;
+}
+
 using DeviceTest = AppTest;
 
 // Only the strip's OK and the bar's Done end the program; Cancel asks first.
@@ -73,11 +82,11 @@ TEST_F(DeviceTest, TitleStripOkAndMenuBarButtons) {
   EXPECT_EQ(ClientOnScreen(Window()), (std::vector<LONG>{0, 26, 240, 294})) << "the strip is the window's top edge";
   UpdateWindow(Window());
   EXPECT_EQ(StripPixel(Window()), kStripColour);
+  EXPECT_NE(ButtonPicture(IDM_CANCEL), ButtonPicture(IDOK)) << "Cancel and Done show pictures of their own";
   TapEdge(Window(), OnStrip(Window(), false));
   answerer_.AnswerYesNo(IDNO);
   TapMenuButton(IDM_CANCEL);
-  ASSERT_EQ(answerer_.boxes.size(), 1u);
-  EXPECT_EQ(answerer_.boxes[0].caption, EnglishText(kAskCancel.caption));
+  EXPECT_EQ(answerer_.Seen(), std::vector<std::wstring>{EnglishBox(40216, 40217)});
   ASSERT_NE(Window(), nullptr) << "neither the title nor No ends the program";
   TapEdge(Window(), OnStrip(Window(), true));
   EXPECT_EQ(Window(), nullptr);
@@ -104,7 +113,7 @@ TEST_F(DeviceTest, MenuBarToolsOpensItsMenuAndSendsTheChoice) {
   Tap(Shell().menuBar, {cancel.left / 2, (cancel.top + cancel.bottom) / 2});  // Tools stands left of Cancel
   KillTimer(nullptr, timer);
   ASSERT_FALSE(answerer_.boxes.empty()) << "no command came from the menu";
-  EXPECT_EQ(answerer_.boxes.back().caption, EnglishText(kSettingsExported.caption)) << "Export, the first item, was chosen";
+  EXPECT_EQ(answerer_.Last(), EnglishBox(40208, 40209)) << "Export, the first item, was chosen";
 }
 
 INT_PTR CALLBACK RecordingDialog(HWND dialog, UINT message, WPARAM wParam, LPARAM) {

@@ -170,40 +170,11 @@ void AppTest::TapTab(HWND strip, int tab) {
   SendMessageW(Window(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
 }
 
-namespace {
-
-std::string Narrow(const wchar_t* text) {
-  char narrow[512] = {};
-  WideCharToMultiByte(CP_UTF8, 0, text, -1, narrow, sizeof narrow, nullptr, nullptr);
-  return narrow;
-}
-
-// The chosen tab of the first visible tab strip under the window, if any.
-std::string ShownTab(HWND window) {
-  for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (!IsWindowVisible(child)) continue;
-    wchar_t name[32] = {}, text[128] = {};
-    GetClassNameW(child, name, 32);
-    if (lstrcmpiW(name, WC_TABCONTROLW) == 0) {
-      TCITEMW item = {};
-      item.mask = TCIF_TEXT;
-      item.pszText = text;
-      item.cchTextMax = 128;
-      SendMessageW(child, TCM_GETITEMW, SendMessageW(child, TCM_GETCURSEL, 0, 0), reinterpret_cast<LPARAM>(&item));
-      return Narrow(text);
-    }
-    if (std::string tab = ShownTab(child); !tab.empty()) return tab;
-  }
-  return {};
-}
-
-}  // namespace
-
 void AppTest::ExpectLayoutFits(const std::string& label) {
   RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
   wchar_t page[128] = {};
   GetWindowTextW(Shell().selector, page, 128);
-  std::string where = label + ", page '" + Narrow(page) + "', tab '" + ShownTab(Window()) + "'";
+  std::string where = label + ", page '" + Narrow(page) + "'";
   for (const std::string& fault : CheckLayout(Window()))
     ADD_FAILURE() << where << ": " << fault;
 }
@@ -224,7 +195,7 @@ void AppTest::CheckEveryScreen(const std::wstring& name, int shots, const std::f
     PutText(kProductKey, u"SelectedLangResFile", std::u16string(u"\\Program Files\\Orvex\\Tidewell\\LangRes\\") +
                                                      language.library);
     for (const auto& screen : screens) {
-      std::string where = Narrow((name + language.suffix + L" " + screen.size).c_str());
+      std::string where = Narrow(name + language.suffix + L" " + screen.size);
       SCOPED_TRACE(where);
       SetEnvironmentVariableW(L"TIDEWELL_SCREEN", screen.size);
       gScreen.dpiX = gScreen.dpiY = screen.dpi;

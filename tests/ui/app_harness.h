@@ -26,8 +26,9 @@ class MessageBoxAnswerer {
     RECT area;  // on the screen
   };
   std::vector<Box> boxes;
-  // "caption: text" of each box.
+  // "caption: text" of each box, and of the last one.
   std::vector<std::wstring> Seen() const;
+  std::wstring Last() const { return boxes.empty() ? L"" : Seen().back(); }
 
  private:
   static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam);
@@ -73,8 +74,10 @@ bool WaitFor(Condition condition, int milliseconds = 5000) {
   return condition();
 }
 
-// The text of a language library string, as the program would show it.
+// The text of a language library string, as the program would show it,
+// and a message box's as the answerer sees it.
 std::wstring EnglishText(unsigned id);
+inline std::wstring EnglishBox(unsigned text, unsigned caption) { return EnglishText(caption) + L": " + EnglishText(text); }
 
 // Where Export writes and Import reads, as a device path.
 inline constexpr char16_t kDocument[] = u"\\My Documents\\TW_Settings.txt";
@@ -106,6 +109,8 @@ class AppTest : public PlatformTest {
   void SkipFirstRunNotice();
   // The whole product tree as the export writes it, for comparing states.
   std::string RegistrySnapshot();
+  // The file Import reads.
+  void WriteDocument(const std::string& text) { ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size())); }
 
   MessageBoxAnswerer answerer_;
   BroadcastListener listener_;

@@ -109,11 +109,7 @@ void PlaySteps(const std::function<void()>& open) {
 }
 
 void DialogTest::OnEveryScreen(int marker, const std::wstring& name, const std::function<void()>& open, Step more) {
-  HDC screen = GetDC(nullptr);
-  int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  std::vector<std::pair<const wchar_t*, int>> screens = {{L"480x640", dpi}};
-  if (dpi < 192) screens = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
+  const std::pair<const wchar_t*, int> screens[] = {{L"240x320", 96}, {L"320x240", 96}, {L"480x640", 192}};
   // In English, then in German, whose words run longer.
   HMODULE english = language_, german = LoadLibraryW(TW_LIBRARY_FOLDER L"\\LangRes\\CPDeuRc.dll");
   ASSERT_NE(german, nullptr);

@@ -32,8 +32,7 @@ class DialogTest : public ::testing::Test {
     PlaySteps([&] { result = open(); });
     return result;
   }
-  // On each screen a dialog is checked on (at 192 dpi only the large one),
-  // in English and in German: opens it, checks and saves it as `name`
+  // On each screen, in English and in German: opens it, checks and saves it as `name`
   // (German ones `name`-de), lets `more` look on, cancels it.
   void OnEveryScreen(int marker, const std::wstring& name, const std::function<void()>& open, Step more = {});
 

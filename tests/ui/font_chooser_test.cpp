@@ -71,11 +71,21 @@ TEST_F(FontChooserTest, StylesAndSizeChangeOnlyOnDone) {
   EXPECT_EQ(memcmp(&font, &stored, sizeof font), 0) << "size 18, bold, underlined only";
 }
 
+// Whether the swatch's inside holds dark pixels: with no colour set, the
+// text that says so.
+bool SwatchIsLabelled(HWND dialog) {
+  for (int y = 42; y < 57; ++y)
+    for (int x = 112; x < 150; ++x)
+      if (GetRValue(PixelAt(dialog, {x, y})) < 128) return true;
+  return false;
+}
+
 // The colour is the caller's as soon as it is set: a later cancel keeps it.
 TEST_F(FontChooserTest, ColourSetThenCancelledStaysSet) {
   LOGFONTW font = Font(12, 400);
   std::uint32_t colour = kNoColour;
   Then(IDC_FONT_SIZE, [&](HWND dialog) {
+    EXPECT_TRUE(SwatchIsLabelled(dialog)) << "no colour yet, and the swatch says so";
     TapControl(dialog, IDC_FONT_SET_COLOUR);
     UpdateWindow(dialog);
     EXPECT_EQ(PixelAt(dialog, {131, 49}), RGB(0x00, 0x80, 0xFF)) << "the swatch shows the new colour";

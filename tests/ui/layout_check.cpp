@@ -19,12 +19,6 @@ bool Contains(const RECT& outer, const RECT& inner) {
          inner.bottom <= outer.bottom;
 }
 
-std::string Narrow(const std::wstring& text) {
-  char narrow[1024] = {};
-  WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, narrow, sizeof narrow, nullptr, nullptr);
-  return narrow;
-}
-
 // "<class> #<id> '<text>' (l,t)-(r,b)" in the parent's client coordinates.
 std::string DescribeControl(HWND control) {
   wchar_t name[64] = {}, text[64] = {};
@@ -217,6 +211,12 @@ void Check(HWND parent, std::vector<std::string>& faults) {
 }
 
 }  // namespace
+
+std::string Narrow(const std::wstring& text) {
+  char narrow[1024] = {};
+  WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, narrow, sizeof narrow, nullptr, nullptr);
+  return narrow;
+}
 
 std::vector<std::string> CheckLayout(HWND window) {
   std::vector<std::string> faults;

@@ -16,5 +16,7 @@ namespace tw::test {
 // One line per fault, naming the controls with class, id, text and rectangle;
 // empty when the layout is sound. Descends into every visible control.
 std::vector<std::string> CheckLayout(HWND window);
+// UTF-8, for messages.
+std::string Narrow(const std::wstring& text);
 
 }  // namespace tw::test

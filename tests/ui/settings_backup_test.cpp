@@ -1,6 +1,7 @@
-// The copy of the settings written before an import rewrites the registry:
-// it survives failing imports and brings the former values back, and Undo
-// puts back the very tree it was taken from, as `reg export` sees it.
+// The copy of the settings written before an import or a scheme rewrites the
+// registry: taken once a run, it survives failing imports and brings the
+// former values back, and Undo puts back the very tree it was taken from, as
+// `reg export` sees it.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -81,7 +82,6 @@ class ShellBackupTest : public AppTest {
     ASSERT_EQ(Window(), nullptr) << "Undo ends the program like an import";
   }
   std::wstring LastText() { return answerer_.boxes.empty() ? L"" : answerer_.boxes.back().text; }
-  void WriteDocument(const std::string& text) { ASSERT_TRUE(files().WriteAll(kDocument, text.data(), text.size())); }
   std::vector<std::uint8_t> Backup() {
     std::vector<std::uint8_t> bytes;
     files().ReadAll(kBackup, bytes);
@@ -113,23 +113,17 @@ TEST_F(ShellBackupTest, FailedImportsKeepTheBackupThatRestoresEveryValue) {
   Command(IDM_IMPORT);
   EXPECT_EQ(Window(), nullptr) << "the backup imports like any settings file";
   EXPECT_EQ(DescribeRecord(Settings()), before) << "read back from the registry on the way out";
-}
-
-TEST_F(ShellBackupTest, EachImportBacksUpTheSettingsItReplaces) {
-  WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 2);
-  WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:1\r\n");
-  ASSERT_NE(Start(kAboutPage), nullptr);
-  Command(IDM_IMPORT);
-  ASSERT_EQ(Window(), nullptr);
-  std::vector<std::uint8_t> first = Backup();
-  std::string text(first.begin(), first.end());
+  std::string text(backup.begin(), backup.end());
   EXPECT_NE(text.find("\"OnClick\"=dword:2"), std::string::npos) << text;
 
+  // A new run backs up afresh, what the first import wrote.
+  WriteDocument("\r\n[Software\\Orvex\\Tidewell]\r\n\"OnClick\"=dword:3\r\n");
+  WriteDword(registry(), kCurrentUser, kProductKey, u"OnClick", 1);
   ASSERT_NE(Start(kAboutPage), nullptr);
   Command(IDM_IMPORT);
   std::vector<std::uint8_t> second = Backup();
   text.assign(second.begin(), second.end());
-  EXPECT_NE(text.find("\"OnClick\"=dword:1"), std::string::npos) << "a new run backs up afresh";
+  EXPECT_NE(text.find("\"OnClick\"=dword:1"), std::string::npos) << text;
 }
 
 TEST_F(ShellBackupTest, UndoPutsBackTheTreeAnImportReplacedAndUndoesItself) {
@@ -154,13 +148,9 @@ TEST_F(ShellBackupTest, UndoPutsBackTheTreeAnImportReplacedAndUndoesItself) {
   EXPECT_EQ(Settings().dNumOfDays, 3) << "the record was read back";
   Undo();
   EXPECT_EQ(RegExport(), imported) << "the second Undo takes back the first";
-}
 
-TEST_F(ShellBackupTest, UndoPutsBackTheTreeASchemeReplaced) {
-  WriteSomeSettings();
-  WriteDword(registry(), kCurrentUser, kColorsKey.path, u"HighlightBgClr", 9);
+  // A colour scheme rewrites the tree too.
   ASSERT_NE(Start(kAboutPage), nullptr);
-  const std::string before = RegExport();
   std::u16string folder = std::u16string(Settings().InstallFolder.View()) + u"\\Schemes";
   files().MakeDirectory(folder);
   std::string scheme = "\r\n[Software\\Orvex\\Tidewell\\Colors]\r\n\"GeneralFontColor\"=dword:7\r\n"
@@ -169,9 +159,9 @@ TEST_F(ShellBackupTest, UndoPutsBackTheTreeASchemeReplaced) {
   PageSchemeHooks().apply(Window(), u"Undo test.scm");
   DeleteScheme(files(), Settings().InstallFolder.View(), u"Undo test.scm");
   ASSERT_EQ(Window(), nullptr);
-  ASSERT_NE(RegExport(), before);
+  ASSERT_NE(RegExport(), imported);
   Undo();
-  EXPECT_EQ(RegExport(), before);
+  EXPECT_EQ(RegExport(), imported);
 }
 
 // Without a backup the rewrite does not start: the registry and the former
