@@ -55,7 +55,12 @@ bool AppendHex(std::u16string_view hex, std::vector<std::uint8_t>& bytes) {
 bool AppendName(std::u16string_view hex, std::u16string& name) {
   std::vector<std::uint8_t> bytes;
   if (!AppendHex(hex, bytes) || bytes.size() % 2 != 0) return false;
-  for (std::size_t i = 0; i < bytes.size(); i += 2) name += char16_t(bytes[i] << 8 | bytes[i + 1]);
+  for (std::size_t i = 0; i < bytes.size(); i += 2) {
+    auto c = char16_t(bytes[i] << 8 | bytes[i + 1]);
+    // The registry ends a name at its first nul: a snapshot naming one past it is not one we wrote.
+    if (c == u'\0') return false;
+    name += c;
+  }
   return true;
 }
 

@@ -154,11 +154,15 @@ TEST_F(SettingsBackupTest, UndoRefusesABackupItCannotTrust) {
   ASSERT_TRUE(files().WriteAll(path, other.data(), other.size()));
   EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable) << "unsigned";
 
-  SettingsTextOutput out;
-  WriteSnapshot({{u"Software\\Orvex\\TidewellOther", {}}}, out);
-  ASSERT_TRUE(files().WriteAll(path, out.Bytes().data(), out.Bytes().size()));
-  EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable);
+  // A key outside the tree, and a name the registry would cut at its nul.
+  for (std::u16string strange : {std::u16string(u"Software\\Orvex\\TidewellOther"), kTab + u'\0' + u"x"}) {
+    SettingsTextOutput out;
+    WriteSnapshot({{std::u16string(kMain), {}}, {strange, {}}}, out);
+    ASSERT_TRUE(files().WriteAll(path, out.Bytes().data(), out.Bytes().size()));
+    EXPECT_EQ(UndoRewrite(Environment(registry()), data, Folder(), true), kBackupUnreadable) << Show(strange);
+  }
   EXPECT_FALSE(KeyExists(registry(), kCurrentUser, u"Software\\Orvex\\TidewellOther"));
+  EXPECT_FALSE(KeyExists(registry(), kCurrentUser, kTab));
   EXPECT_EQ(Stored(kCalendar, u"dNumOfDays").dword, 4u);
 }
 
