@@ -242,6 +242,7 @@ TEST_F(ScrollerTest, LooksRightAtBothDensities) {
     EXPECT_TRUE(test::CheckLayout(parent.window()).empty());
     tools::Capture shot = test::Shot(scrollers[0]);
     EXPECT_NE(test::PixelAt(shot, ScaleX(104), ScaleY(100)), test::PixelAt(shot, ScaleX(50), ScaleY(100))) << dpi;
+    EXPECT_EQ(test::PixelAt(shot, ScaleX(104), ScaleY(150)), RGB(140, 140, 140)) << "the track, below the thumb";
   }
   gScreen.dpiX = gScreen.dpiY = 96;
 }
