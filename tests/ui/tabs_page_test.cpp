@@ -106,6 +106,7 @@ TEST_F(TabsTest, RowsFollowTheOrdersKeepTheirSettingsAndAreRenumbered) {
   Choose(1);
   EXPECT_EQ(Heading(), u"Settings for the TwTest Clock tab");
   EXPECT_TRUE(Shown(T::kOpenAs) && IsWindowEnabled(At(T::kRemove)));
+  EXPECT_TRUE(IsChecked(At(T::kShowTab))) << "the plug-in is shown";
   EXPECT_EQ(ComboSelection(At(T::kOpenAs)), 2);
   ComboSelect(At(T::kOpenAs), 1);
   Choose(4);  // the plug-in named "Tasks"
